@@ -66,7 +66,7 @@ def main(argv):
                 if not num(g["dU_min_pct"]) <= du <= num(g["dU_max_pct"]):
                     continue
                 q = start_duty_kva(i, x)
-                model = "QKSG-%.0f/%s" % (q, shortest(u))
+                model = "QKSG-%.0f/%s-%s" % (q, shortest(u), x_text)
                 rows.append([model, "%.0f" % q, fixed(du, 1), x_text, shortest(i), shortest(u)])
     write_table(out, "reactors.csv", HEADER, [[str(n + 1)] + r for n, r in enumerate(rows)])
     write_tables_txt(out, [("reactors.csv", TABLE)])
