@@ -52,9 +52,10 @@ def jsxsc():
         u = num(s["U_kV"])
         # the forms take l in km: C per km is the per-metre value divided by 1000
         cells = [sig(coefficient_kw_m(s["form"], gammas[m], u) / 1000.0, 4) for m in ("Cu", "Al")]
-        rows.append([s["system"], s["voltage_text"]] + cells)
+        rows.append(["%s %sV" % (s["system"], s["voltage_text"])] + cells)
     title = "线路电压损失的计算系数C(cosφ=1; Δu%=ΣP·l/(C·S), P:kW, l:km, S:mm²)"
-    header = ["线路系统", "额定电压(V)", "铜芯C", "铝芯C"]
+    # only the coefficients are numbers: a pick anywhere else cannot pass for a C value
+    header = ["线路系统及电压", "铜芯C", "铝芯C"]
     note = ("三相: C=10γU²/1000 (U为线电压kV); 两相加N线: C为三相值/2.25; 单相交流及直流两线: "
             "C=5γU²/1000 (U为相电压或直流电压kV); γ: 铜%s, 铝%s m/(Ω·mm²)。线路长度以m计时C值乘以1000。"
             % (sig(gammas["Cu"], 4), sig(gammas["Al"], 4)))
