@@ -6,6 +6,7 @@ import csv
 import io
 import math
 import os
+import sys
 
 
 def read_base(path):
@@ -80,3 +81,31 @@ def prepare_out_dir(out_dir):
     for name in os.listdir(out_dir):
         if name.endswith(".csv") or name == "tables.txt":
             os.remove(os.path.join(out_dir, name))
+
+
+def generator_main(argv, build_tables):
+    """The command line of a catalogue generator: NAME OUT_DIR. build_tables() gives the tables as
+    (file name, table name, header, rows) in catalogue order; they are all computed before
+    anything is written, and tables.txt is written last, so a failed run leaves no catalogue
+    that looks complete. Returns the exit status."""
+    prog = os.path.basename(argv[0])
+    if len(argv) != 2:
+        sys.stderr.write("usage: %s OUT_DIR\n" % prog)
+        return 2
+    try:
+        tables = build_tables()
+        out = argv[1]
+        prepare_out_dir(out)
+        for file_name, _, header, rows in tables:
+            write_table(out, file_name, header, [[str(i + 1)] + list(r) for i, r in enumerate(rows)])
+        write_tables_txt(out, [(f, n) for f, n, _, _ in tables])
+    except (KeyError, ValueError, OSError) as e:
+        sys.stderr.write("%s: %s\n" % (prog, failure_text(e)))
+        return 1
+    return 0
+
+
+def failure_text(e):
+    if isinstance(e, KeyError):
+        return "a base file lacks the column or entry %s" % e
+    return str(e)

@@ -10,8 +10,7 @@ import os
 import sys
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), ".."))
-from catalogue_csv import (fixed, num, prepare_out_dir, read_base, shortest, sig,  # noqa: E402
-                           write_table, write_tables_txt)
+from catalogue_csv import fixed, generator_main, num, read_base, shortest, sig  # noqa: E402
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 VALUE_COLUMNS = ["电阻Ω/km", "感抗Ω/km", "电压kV"]
@@ -119,33 +118,19 @@ def overhead_rows(voltage, theta, smallest_lj):
     return rows
 
 
-def numbered(rows):
-    return [[str(i + 1)] + row for i, row in enumerate(rows)]
-
-
-def main(argv):
-    if len(argv) != 2:
-        sys.stderr.write("usage: gen_lines.py OUT_DIR\n")
-        return 2
-    out = argv[1]
-    prepare_out_dir(out)
+def build_tables():
     material_cable = ["序号", "￥线芯材料", "￥截面mm2"] + VALUE_COLUMNS
-    tables = [
+    overhead = ["序号", "￥导线型号", "￥截面mm2", "￥几何均距m"] + VALUE_COLUMNS
+    return [
         ("vv_pvc_0_6_1kv.csv", "0.6/1kV VV/VLV聚氯乙烯绝缘电缆(70℃)", material_cable, lv_cable_rows(70.0)),
         ("yjv_xlpe_0_6_1kv.csv", "0.6/1kV YJV/YJLV交联聚乙烯绝缘电缆(90℃)", material_cable, lv_cable_rows(90.0)),
         ("yjv_xlpe_10kv.csv", "6/10kV YJV/YJLV交联聚乙烯绝缘电缆(90℃)",
          ["序号", "￥线芯材料", "￥规格"] + VALUE_COLUMNS, mv_cable_rows(90.0)),
         ("bv_in_conduit.csv", "BV/BLV绝缘导线穿管敷设(70℃)", material_cable, wire_in_conduit_rows(70.0)),
-        ("overhead_0_4kv.csv", "0.4kV架空线路 LJ/LGJ(导线70℃)",
-         ["序号", "￥导线型号", "￥截面mm2", "￥几何均距m"] + VALUE_COLUMNS, overhead_rows(LV_SYSTEM_KV, 70.0, 16)),
-        ("overhead_10kv.csv", "10kV架空线路 LJ/LGJ(导线70℃)",
-         ["序号", "￥导线型号", "￥截面mm2", "￥几何均距m"] + VALUE_COLUMNS, overhead_rows(MV_SYSTEM_KV, 70.0, 25)),
+        ("overhead_0_4kv.csv", "0.4kV架空线路 LJ/LGJ(导线70℃)", overhead, overhead_rows(LV_SYSTEM_KV, 70.0, 16)),
+        ("overhead_10kv.csv", "10kV架空线路 LJ/LGJ(导线70℃)", overhead, overhead_rows(MV_SYSTEM_KV, 70.0, 25)),
     ]
-    for file_name, _, header, rows in tables:
-        write_table(out, file_name, header, numbered(rows))
-    write_tables_txt(out, [(f, n) for f, n, _, _ in tables])
-    return 0
 
 
 if __name__ == "__main__":
-    sys.exit(main(sys.argv))
+    sys.exit(generator_main(sys.argv, build_tables))

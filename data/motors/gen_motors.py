@@ -10,7 +10,7 @@ import os
 import sys
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), ".."))
-from catalogue_csv import fixed, num, prepare_out_dir, read_base, shortest, write_table, write_tables_txt  # noqa: E402
+from catalogue_csv import fixed, generator_main, num, read_base, shortest  # noqa: E402
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 HEADER = ["序号", "￥系列名称", "￥型号", "功率kW", "转速r/min", "额定电流A", "起动电流A", "额定电压kV"]
@@ -77,17 +77,9 @@ def hv_motors():
     return rows
 
 
-def main(argv):
-    if len(argv) != 2:
-        sys.stderr.write("usage: gen_motors.py OUT_DIR\n")
-        return 2
-    out = argv[1]
-    prepare_out_dir(out)
-    rows = lv_motors() + hv_motors()
-    write_table(out, "motors.csv", HEADER, [[str(i + 1)] + r for i, r in enumerate(rows)])
-    write_tables_txt(out, [("motors.csv", "电机")])
-    return 0
+def build_tables():
+    return [("motors.csv", "电机", HEADER, lv_motors() + hv_motors())]
 
 
 if __name__ == "__main__":
-    sys.exit(main(sys.argv))
+    sys.exit(generator_main(sys.argv, build_tables))

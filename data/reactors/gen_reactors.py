@@ -10,7 +10,7 @@ import os
 import sys
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), ".."))
-from catalogue_csv import fixed, num, prepare_out_dir, read_base, shortest, sig, write_table, write_tables_txt  # noqa: E402
+from catalogue_csv import fixed, generator_main, num, read_base, shortest, sig  # noqa: E402
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 HEADER = ["序号", "￥型 号", "容量kVA", "短路电压%", "每相额定电抗Ω", "起动电流A", "额定电压kV"]
@@ -47,12 +47,7 @@ def start_duty_kva(i_a, x_ohm):
     return 3.0 * i_a * i_a * x_ohm / 1000.0
 
 
-def main(argv):
-    if len(argv) != 2:
-        sys.stderr.write("usage: gen_reactors.py OUT_DIR\n")
-        return 2
-    out = argv[1]
-    prepare_out_dir(out)
+def build_tables():
     currents = [num(r["I_A"]) for r in base("current_series.csv")]
     rows = []
     for g in base("reactor_grid.csv"):
@@ -68,10 +63,8 @@ def main(argv):
                 q = start_duty_kva(i, x)
                 model = "QKSG-%.0f/%s-%s" % (q, shortest(u), x_text)
                 rows.append([model, "%.0f" % q, fixed(du, 1), x_text, shortest(i), shortest(u)])
-    write_table(out, "reactors.csv", HEADER, [[str(n + 1)] + r for n, r in enumerate(rows)])
-    write_tables_txt(out, [("reactors.csv", TABLE)])
-    return 0
+    return [("reactors.csv", TABLE, HEADER, rows)]
 
 
 if __name__ == "__main__":
-    sys.exit(main(sys.argv))
+    sys.exit(generator_main(sys.argv, build_tables))

@@ -7,7 +7,7 @@ import os
 import sys
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), ".."))
-from catalogue_csv import num, prepare_out_dir, read_base, shortest, write_table, write_tables_txt  # noqa: E402
+from catalogue_csv import generator_main, num, read_base, shortest  # noqa: E402
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 HEADER = ["序号", "型号", "容量kVA", "短路电压%"]
@@ -24,26 +24,16 @@ def impedance(bands, kind, s_kva):
     return num(matches[0]["uk_pct"])
 
 
-def main(argv):
-    if len(argv) != 2:
-        sys.stderr.write("usage: gen_transformers.py OUT_DIR\n")
-        return 2
-    out = argv[1]
-    prepare_out_dir(out)
+def build_tables():
     bands = base("impedance.csv")
     ratings = [num(r["S_kVA"]) for r in base("ratings.csv")]
     tables = []
     for s in base("series.csv"):
-        rows = []
-        for i, kva in enumerate(ratings):
-            model = s["model_format"].replace("{S}", shortest(kva))
-            rows.append([str(i + 1), model, shortest(kva), "%.1f" % impedance(bands, s["kind"], kva)])
-        file_name = s["series"].lower() + ".csv"
-        write_table(out, file_name, HEADER, rows)
-        tables.append((file_name, s["table"]))
-    write_tables_txt(out, tables)
-    return 0
+        rows = [[s["model_format"].replace("{S}", shortest(kva)), shortest(kva),
+                 "%.1f" % impedance(bands, s["kind"], kva)] for kva in ratings]
+        tables.append((s["series"].lower() + ".csv", s["table"], HEADER, rows))
+    return tables
 
 
 if __name__ == "__main__":
-    sys.exit(main(sys.argv))
+    sys.exit(generator_main(sys.argv, build_tables))
