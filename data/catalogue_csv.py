@@ -10,10 +10,18 @@ import sys
 
 
 def read_base(path):
-    """Rows of a hand-kept base CSV as dicts. Lines starting with '#' are notes for the reader."""
+    """Rows of a hand-kept base CSV as dicts. Lines starting with '#' are notes for the reader.
+    A row with more or fewer cells than the header is refused, naming the file and the row."""
     with open(path, encoding="utf-8", newline="") as f:
         lines = [line for line in f if not line.lstrip().startswith("#") and line.strip()]
-    return list(csv.DictReader(lines))
+    rows = list(csv.reader(lines))
+    if not rows:
+        raise ValueError("%s: no header row" % path)
+    header = rows[0]
+    for n, row in enumerate(rows[1:], 1):
+        if len(row) != len(header):
+            raise ValueError("%s: data row %d has %d cells for %d columns" % (path, n, len(row), len(header)))
+    return [dict(zip(header, row)) for row in rows[1:]]
 
 
 def num(text):
