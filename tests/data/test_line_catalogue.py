@@ -114,17 +114,8 @@ class LineCatalogueTest(unittest.TestCase):
                 with self.subTest(table=t.name, row=rec["序号"]):
                     self.assertTrue(close(ratio, 1 + alpha * (theta - 20), rel=6e-4), ratio)
 
-    def test_operating_temperature_ratios_of_copper_and_aluminium(self):
+    def test_published_resistances_at_70_degrees(self):
         pvc = self.by_name["0.6/1kV VV/VLV聚氯乙烯绝缘电缆(70℃)"]
-        xlpe = self.by_name["0.6/1kV YJV/YJLV交联聚乙烯绝缘电缆(90℃)"]
-        for mat, r70_r20, r90_r20 in (("铜", 1.1965, 1.2751), ("铝", 1.2015, 1.2821)):
-            for (m, s), r20 in self.r20.items():
-                if m != mat or s > 400:
-                    continue
-                key = lambda t: {(r["￥线芯材料"], float(r["￥截面mm2"])): float(r["电阻Ω/km"])  # noqa: E731
-                                 for r in t.records()}[(mat, s)]
-                self.assertAlmostEqual(key(pvc) / r20, r70_r20, delta=6e-4 * r70_r20)
-                self.assertAlmostEqual(key(xlpe) / r20, r90_r20, delta=6e-4 * r90_r20)
         # published cross-check: a PVC cable table lists 14.48 Ω/km for 1.5 mm² and 0.232 for 95 mm² Cu
         rows = {r["￥截面mm2"]: float(r["电阻Ω/km"]) for r in pvc.records() if r["￥线芯材料"] == "铜"}
         self.assertAlmostEqual(rows["1.5"], 14.48, delta=0.01)

@@ -42,13 +42,6 @@ class TransformerCatalogueTest(unittest.TestCase):
             for dry in uk[True]:
                 self.assertTrue(all(dry[s] >= oil[s] for s in RATINGS))
 
-    def test_model_text_names_series_and_capacity(self):
-        for t in self.tables:
-            series = t.name.split("型")[0]
-            for rec in t.records():
-                self.assertTrue(rec["型号"].startswith(series + "-"), rec)
-                self.assertIn("-%s/10" % rec["容量kVA"], rec["型号"])
-
 
 class ReactorCatalogueTest(unittest.TestCase):
     @classmethod
