@@ -32,14 +32,6 @@ int RenameNoReplace(const char* from, const char* to) {
   return 0;
 }
 
-void SyncFolder(const std::string& folder) {
-  const int dfd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (dfd >= 0) {
-    ::fsync(dfd);  // best effort: the file itself is complete either way
-    ::close(dfd);
-  }
-}
-
 }  // namespace
 
 NewFile::NewFile(std::string path) : path_(std::move(path)) {
@@ -88,8 +80,9 @@ void NewFile::Commit(std::string_view bytes) {
     Fail(err, "cannot create", path_);
   }
   committed_ = true;
+  // The folder is not synced: after a crash the new name may be missing, but a file under it
+  // is always complete, and syncing the folder would double the time a report takes.
   temp_path_.clear();
-  SyncFolder(FolderOf(path_));
 }
 
 }  // namespace kestra::report
