@@ -10,16 +10,6 @@ using kestra::report::Paragraph;
 using kestra::report::Run;
 using kestra::report::RunKind;
 
-namespace kestra::report {
-
-std::string Paragraph::Text() const {
-  std::string s;
-  for (const Run& r : runs) s += r.text;
-  return s;
-}
-
-}  // namespace kestra::report
-
 bool ReportWriter::OpenReport() {
   doc_ = kestra::report::ReportDocument{};
   doc_.paragraphs.emplace_back();
