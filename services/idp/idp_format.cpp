@@ -37,7 +37,12 @@ void FormatNode(const IdpNode& node, std::string& prefix, std::string& out) {
 
 bool ParseIdpText(std::string_view text, IdpNode& root, std::string* error) {
   if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
+  // One check of the whole text; the line is looked for only when it fails.
+  const bool all_utf8 = IsValidUtf8(text);
   std::string value;
+  // Keys of one folder usually follow each other: the folder of the last key is kept.
+  std::string_view last_folder;
+  IdpNode* last_parent = nullptr;
   std::size_t line_no = 0;
   std::size_t pos = 0;
   while (pos < text.size()) {
@@ -47,17 +52,34 @@ bool ParseIdpText(std::string_view text, IdpNode& root, std::string* error) {
     pos = end + 1;
     ++line_no;
     if (line.ends_with('\r')) line.remove_suffix(1);
-    if (!IsValidUtf8(line)) return Fail(error, line_no, "不是有效的UTF-8文本");
+    if (!all_utf8 && !IsValidUtf8(line)) return Fail(error, line_no, "不是有效的UTF-8文本");
     if (line.starts_with(';') || IsBlank(line)) continue;
     std::size_t eq = line.find('=');
     if (eq == std::string_view::npos) return Fail(error, line_no, "缺少\"=\"");
-    auto names = SplitKeyPath(line.substr(0, eq));
-    if (!names) return Fail(error, line_no, "的键路径有空名称或控制字符");
+    std::string_view key = line.substr(0, eq);
+    std::size_t cut = key.rfind('\\');
+    std::string_view folder = cut == std::string_view::npos ? std::string_view() : key.substr(0, cut);
+    std::string_view leaf = cut == std::string_view::npos ? key : key.substr(cut + 1);
+    if (cut == 0 || !IsKeyName(leaf)) return Fail(error, line_no, "的键路径有空名称或控制字符");
+    IdpNode* parent = &root;
+    if (last_parent && folder == last_folder) {
+      parent = last_parent;
+    } else if (!folder.empty()) {
+      std::size_t start = 0;
+      while (true) {
+        std::size_t sep = folder.find('\\', start);
+        std::string_view name = folder.substr(start, sep == std::string_view::npos ? sep : sep - start);
+        if (!IsKeyName(name)) return Fail(error, line_no, "的键路径有空名称或控制字符");
+        parent = &parent->ChildOrCreate(name);
+        if (sep == std::string_view::npos) break;
+        start = sep + 1;
+      }
+    }
+    last_folder = folder;
+    last_parent = parent;
     if (!Unescape(line.substr(eq + 1), value)) return Fail(error, line_no, "的值含有无效的转义");
-    IdpNode* node = &root;
-    for (std::string_view name : *names) node = &node->ChildOrCreate(name);
     short length = StoredLength(value);
-    node->SetValue(std::move(value), length);
+    parent->ChildOrCreate(leaf).SetValue(std::move(value), length);
     value = std::string();
   }
   return true;

@@ -1,11 +1,11 @@
 #include "services/idp/idp_text.h"
 
 #include <climits>
+#include <cstdint>
+#include <cstring>
 
 namespace kestra::idp {
 namespace {
-
-bool IsControl(unsigned char c) { return c < 0x20 || c == 0x7F; }
 
 // Length of the UTF-8 sequence that starts with b (0 when b cannot start one).
 int SequenceLength(unsigned char b) {
@@ -23,6 +23,14 @@ bool IsValidUtf8(std::string_view s) {
   std::size_t n = s.size();
   std::size_t i = 0;
   while (i < n) {
+    // Runs of ASCII, eight bytes at a time.
+    while (i + 8 <= n) {
+      std::uint64_t word;
+      std::memcpy(&word, p + i, 8);
+      if (word & 0x8080808080808080ULL) break;
+      i += 8;
+    }
+    if (i == n) break;
     unsigned char b = p[i];
     if (b < 0x80) {
       ++i;
@@ -56,6 +64,13 @@ short StoredLength(std::string_view text) {
   return len > SHRT_MAX ? SHRT_MAX : static_cast<short>(len);
 }
 
+bool IsKeyName(std::string_view name) {
+  if (name.empty()) return false;
+  for (unsigned char c : name)
+    if (c == '=' || c == '\\' || c < 0x20 || c == 0x7F) return false;
+  return true;
+}
+
 std::optional<std::vector<std::string_view>> SplitKeyPath(std::string_view key_path) {
   if (key_path.empty() || key_path.front() == ';' || !IsValidUtf8(key_path)) return std::nullopt;
   std::vector<std::string_view> names;
@@ -63,9 +78,7 @@ std::optional<std::vector<std::string_view>> SplitKeyPath(std::string_view key_p
   while (true) {
     std::size_t end = key_path.find('\\', start);
     std::string_view name = key_path.substr(start, end == std::string_view::npos ? end : end - start);
-    if (name.empty()) return std::nullopt;
-    for (unsigned char c : name)
-      if (c == '=' || IsControl(c)) return std::nullopt;
+    if (!IsKeyName(name)) return std::nullopt;
     names.push_back(name);
     if (end == std::string_view::npos) break;
     start = end + 1;
@@ -86,6 +99,10 @@ void AppendEscaped(std::string& out, std::string_view value) {
 }
 
 bool Unescape(std::string_view line_value, std::string& out) {
+  if (line_value.find('\\') == std::string_view::npos) {
+    out.assign(line_value);
+    return true;
+  }
   out.clear();
   out.reserve(line_value.size());
   for (std::size_t i = 0; i < line_value.size(); ++i) {

@@ -19,6 +19,9 @@ std::size_t Utf16Units(std::string_view s);
 // The stored length of a text: Utf16Units + 1, capped at the largest 16-bit value.
 short StoredLength(std::string_view text);
 
+// A name of a key path: not empty, no "\", "=" or control character.
+bool IsKeyName(std::string_view name);
+
 // Splits a key path at "\" into its names. Empty (nullopt) when a name is empty or holds "="
 // or a control character, when the path is not valid UTF-8, or when it begins with ";" (the
 // line would read as a comment).

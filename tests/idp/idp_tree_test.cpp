@@ -65,6 +65,19 @@ TEST_F(IdpTreeTest, ReadsCommentsBlankLinesBomAndCrLf) {
   EXPECT_EQ(tree.GetSubValueFromPathW(0, "D")->Text(), "x=y");   // split at the first "="
 }
 
+TEST_F(IdpTreeTest, KeysOfInterleavedFoldersLandInTheirFolders) {
+  const std::string path = Path("folders.idp");
+  Put(path, "A\\B\\x=1\nA\\B\\y=2\nA\\C\\x=3\nA\\B\\z=4\nx=5\nA\\B=6\ny=7\nA\\C\\y=8\n");
+  CInterDpData tree;
+  ASSERT_EQ(tree.ReadDataFromIdpFile(path), kOk);
+  const std::vector<std::pair<std::string, std::string>> want = {
+      {"A\\B\\x", "1"}, {"A\\B\\y", "2"}, {"A\\C\\x", "3"}, {"A\\B\\z", "4"},
+      {"x", "5"},       {"A\\B", "6"},     {"y", "7"},       {"A\\C\\y", "8"}};
+  for (const auto& [key, text] : want) EXPECT_EQ(ValueOr(tree, key, "-"), text) << key;
+  EXPECT_EQ(tree.GetSubValueFromPathW(0, "A")->Children().size(), 2u);
+  EXPECT_EQ(tree.GetSubValueFromPathW(0, "A\\B")->Children().size(), 3u);
+}
+
 TEST_F(IdpTreeTest, StoredLengthCountsUtf16UnitsPlusOne) {
   const std::string path = Path("len.idp");
   Put(path, "; x\nA=\nB=abc\nC=功率因数\nD=😀\nE=a\\nb\n");
