@@ -70,7 +70,7 @@ TEST_P(CorruptFileTest, IsKeptAsideAndReadsEmptyThenTheNextReadIsClean) {
 
 INSTANTIATE_TEST_SUITE_P(Kinds, CorruptFileTest,
                          ::testing::Values("no equals sign\n", "A\\\\B=empty name\n", "\\A=leading\n",
-                                           "A\\=trailing\n", "=no key\n", "A=bad \\q escape\n",
+                                           "A\\=trailing\n", "Top=1\n\\A=after a top key\n", "=no key\n", "A=bad \\q escape\n",
                                            "A=ends in a lone \\\n", "A=\xFF\xFE\n", "A=\xE4\xB8\n",
                                            "A\x01=control\n", "A=\xC0\xAF overlong\n"));
 
