@@ -14,7 +14,10 @@ namespace kestra::idp {
 // reads table files without the parameter-file read's keeping-aside of unreadable files.
 class TableAccess {
  public:
-  static IdpNode& Root(CInterDpData& tree) { return *tree.root_; }
+  static IdpNode& Root(CInterDpData& tree) {
+    if (!tree.root_) tree.root_ = std::make_unique<IdpNode>();  // a moved-from tree
+    return *tree.root_;
+  }
   static void Adopt(CInterDpData& tree, std::unique_ptr<IdpNode> root) { tree.root_ = std::move(root); }
 };
 
@@ -55,7 +58,7 @@ bool ReadCount(const IdpNode& table, const std::string& key, const char* name, l
 }  // namespace
 
 std::optional<IdpTable> ReadTable(const std::string& file_path, const std::string& table_key,
-                                  std::string* error) {
+                                  std::string* error) try {
   const std::string path = kestra::text::ResolvePath(file_path);
   std::string text;
   switch (ReadWholeFile(path, text)) {
@@ -78,6 +81,9 @@ std::optional<IdpTable> ReadTable(const std::string& file_path, const std::strin
   auto table = ReadTable(tree, table_key, error);
   if (!table && error) *error = "表格文件" + Quoted(file_path) + ": " + *error;
   return table;
+} catch (const std::exception&) {  // out of memory on a huge file
+  Fail(error, "表格文件" + Quoted(file_path) + "太大, 无法读取");
+  return std::nullopt;
 }
 
 std::optional<IdpTable> ReadTable(const CInterDpData& tree, const std::string& key, std::string* error) {
