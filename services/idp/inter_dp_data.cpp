@@ -68,7 +68,11 @@ short CInterDpData::WriteDataToIdpFile(const std::string& path) const {
   try {
     IdpNode empty;
     std::string text = FormatIdpText(root_ ? *root_ : empty);
-    return WriteFileAtomically(kestra::text::ResolvePath(path), text) ? kOk : kWriteFailed;
+    const std::string real = kestra::text::ResolvePath(path);
+    // OK without changes is common: the file already says this, so spare the disk two flushes.
+    std::string now;
+    if (ReadWholeFile(real, now) == ReadResult::kOk && now == text) return kOk;
+    return WriteFileAtomically(real, text) ? kOk : kWriteFailed;
   } catch (const std::exception&) {
     return kWriteFailed;
   }

@@ -105,6 +105,24 @@ TEST_F(IdpFileTest, UnwritablePlacesReportFailureWithoutThrowing) {
   EXPECT_EQ(Entries(), (std::vector<std::string>{"folder.idp", "plain"}));  // no temporary left
 }
 
+TEST_F(IdpFileTest, AnUnchangedTreeLeavesTheFileAlone) {
+  const std::string path = Path("p.idp");
+  Put(path, kGoodText);
+  auto inode = [&] {
+    struct stat st;
+    return ::stat(path.c_str(), &st) == 0 ? st.st_ino : 0;
+  };
+  const auto before = inode();
+  CInterDpData tree;
+  ASSERT_EQ(tree.ReadDataFromIdpFile(path), kOk);
+  ASSERT_EQ(tree.WriteDataToIdpFile(path), kOk);
+  EXPECT_EQ(inode(), before);  // not replaced
+  SetValue(tree, "Wgglbc\\Zrglys", "0.76");
+  ASSERT_EQ(tree.WriteDataToIdpFile(path), kOk);
+  EXPECT_NE(inode(), before);  // replaced by a new file
+  EXPECT_NE(Get(path).find("Wgglbc\\Zrglys=0.76\n"), std::string::npos);
+}
+
 TEST_F(IdpFileTest, MissingFoldersAreCreated) {
   CInterDpData tree;
   SetValue(tree, "A", "1");
