@@ -30,7 +30,7 @@ short CInterDpData::ReadDataFromIdpFile(const std::string& path_in) {
     }
     root_ = std::move(tree);
     return kOk;
-  } catch (const std::exception&) {  // out of memory on a huge file: read as unreadable
+  } catch (const std::exception&) {  // out of memory on a huge file: the tree stays empty
     root_ = std::make_unique<IdpNode>();
     return kReadFailed;
   }
