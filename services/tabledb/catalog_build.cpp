@@ -9,6 +9,7 @@
 #include "services/tabledb/catalog.h"
 #include "services/tabledb/catalog_csv.h"
 #include "services/tabledb/key_indexes.h"
+#include "services/text/data_path.h"
 #include "services/text/number_text.h"
 
 namespace kestra::catalog {
@@ -25,6 +26,19 @@ struct Source {
 std::string TrimLineEnd(std::string s) {
   while (!s.empty() && (s.back() == '\r' || s.back() == '\n')) s.pop_back();
   return s;
+}
+
+// SQLite takes table names alike without regard to ASCII case.
+std::string CheckNamesDistinct(const std::vector<Source>& s, const std::string& where) {
+  for (std::size_t a = 0; a < s.size(); ++a) {
+    for (std::size_t b = 0; b < a; ++b) {
+      if (kestra::text::EqualsNoCase(s[a].table, s[b].table)) {
+        return where + ": table names \"" + s[b].table + "\" and \"" + s[a].table +
+               "\" differ only in letter case; a catalogue takes them as one name";
+      }
+    }
+  }
+  return {};
 }
 
 // The tables in catalogue order: tables.txt when present, else every *.csv by byte order.
@@ -56,7 +70,7 @@ std::string ListSources(const std::string& dir, std::vector<Source>& out) {
       out.push_back(s);
     }
     if (out.empty()) return list.string() + " lists no tables";
-    return {};
+    return CheckNamesDistinct(out, list.string());
   }
   for (auto& e : fs::directory_iterator(dir, ec)) {
     const std::string name = e.path().filename().string();
@@ -67,7 +81,7 @@ std::string ListSources(const std::string& dir, std::vector<Source>& out) {
   if (ec) return "cannot list " + dir + ": " + ec.message();
   std::sort(out.begin(), out.end(), [](const Source& a, const Source& b) { return a.file < b.file; });
   if (out.empty()) return "no .csv files in " + dir;
-  return {};
+  return CheckNamesDistinct(out, dir);
 }
 
 struct DbCloser {

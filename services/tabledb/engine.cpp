@@ -47,8 +47,6 @@ int Authorize(void*, int action, const char*, const char*, const char*, const ch
     case SQLITE_FUNCTION:
     case SQLITE_RECURSIVE:
       return SQLITE_OK;
-    case SQLITE_PRAGMA:
-      return SQLITE_OK;  // query_only (below) keeps pragmas from writing
     default:
       return SQLITE_DENY;
   }
@@ -99,6 +97,8 @@ std::unique_ptr<Engine> Engine::Open(const std::string& path) {
   std::unique_ptr<Engine> e(new Engine(db, path));
   RegisterCellFunctions(db);
   e->LoadTableDefs();
+  // Column lists are read once, before the lock: the schema pragmas are not plain reads.
+  for (const auto& t : e->tables_) e->Columns(t.first);
   e->LockDown();
   return e;
 }

@@ -241,6 +241,10 @@ RewrittenQuery RewriteQuery(const std::string& q, Engine& engine) {
     } else {
       out.replace(0, 7, "SELECT DISTINCT ");
     }
+  } else {
+    // Without it SQLite may read a key column through its index: sorted, not stored order.
+    out += " ORDER BY _rowid_";
+    changed = true;
   }
   if (!changed) return RewrittenQuery{};
   r.changed = true;
