@@ -190,3 +190,15 @@ TEST(CatalogCommand, UsageAndFailures) {
 
 }  // namespace
 }  // namespace kestra::tabledb::test
+
+namespace kestra::tabledb::test {
+namespace {
+
+TEST(CatalogBuild, CatalogueBuiltByTheBuildRule) {
+  CADODatabase db;
+  ASSERT_TRUE(db.Open(ConnectionText(KESTRA_SAMPLE_CATALOGUE)));
+  EXPECT_EQ(Column0(db, "SELECT [R] FROM VV/VLV 电缆 WHERE ￥截面 Like \"120\" AND ￥芯数 Like \"3\""), (Texts{"0.153"}));
+}
+
+}  // namespace
+}  // namespace kestra::tabledb::test
