@@ -33,6 +33,22 @@ bool CreateKeyIndexes(sqlite3* db, const std::string& table, const std::vector<s
       return false;
     }
   }
+  // All key columns together, in table order: the line-data and motor-data lookups name
+  // the keys in that order, so one index finds the row for one, two or three keys.
+  std::vector<std::string> keys;
+  for (const auto& c : columns) {
+    if (IsKeyColumn(c)) keys.push_back(QuoteIdentifier(c) + " COLLATE NOCASE");
+  }
+  if (keys.size() >= 2) {
+    std::string sql = "CREATE INDEX " + QuoteIdentifier("kestra_keys_" + table) + " ON " + QuoteIdentifier(table) + "(";
+    for (std::size_t k = 0; k < keys.size(); ++k) sql += (k ? ", " : "") + keys[k];
+    char* msg = nullptr;
+    if (sqlite3_exec(db, (sql + ")").c_str(), nullptr, nullptr, &msg) != SQLITE_OK) {
+      error = msg ? msg : "cannot create an index";
+      sqlite3_free(msg);
+      return false;
+    }
+  }
   return true;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
-// Indexes on the key columns (names beginning with "￥") of a catalogue table: one without
-// regard to ASCII case for the LIKE lookups, one exact for the lists of distinct values.
+// Indexes on the key columns (names beginning with "￥") of a catalogue table: for each, one
+// without regard to ASCII case for the LIKE lookups and one exact for the lists of distinct
+// values; and one over all key columns for lookups by several keys.
 #include <string>
 #include <vector>
 

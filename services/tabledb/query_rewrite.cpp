@@ -234,7 +234,17 @@ RewrittenQuery RewriteQuery(const std::string& q, Engine& engine) {
 
   if (distinct) {
     // One output column named plainly: group on it and order the groups by first row.
-    if (list_end - list_begin == 1 && column_affinity(t[list_begin])) {
+    if (list_end - list_begin == 1 && column_affinity(t[list_begin]) && where >= t.size()) {
+      // SQLite skips through the column's index for the distinct values; each value then
+      // finds its first row through the same index.
+      const std::string col = text_of(list_begin, list_end);
+      const std::string table_sql = table_needs_quotes ? QuoteName(table) : text_of(from + 1, where);
+      out = "SELECT d." + col + " FROM (SELECT DISTINCT " + col + " FROM " + table_sql +
+            ") AS d ORDER BY (SELECT min(f._rowid_) FROM " + table_sql + " AS f WHERE f." + col + " IS d." +
+            col + ")";
+      changed = true;
+    } else if (list_end - list_begin == 1 && column_affinity(t[list_begin])) {
+      // With a condition: group the (few) matching rows and order the groups by first row.
       out.replace(0, 7, "SELECT ");
       out += " GROUP BY " + text_of(list_begin, list_end) + " ORDER BY min(_rowid_)";
       changed = true;

@@ -39,6 +39,7 @@ class QueryShapes : public ::testing::Test {
               "1,Y,Y315S-4,110,1480,201,1407,0.38\n"
               "2,YB,YB355M-4,250,1485,445,3115,0.38\n"
               "3,Y,Y315M-4,132,1480,240,1680,0.38\n");
+    WriteFile(*dir_ / "djqd/空值.csv", "序号,￥k,v\n1,b,1\n2,,2\n3,a,3\n4,b,4\n5,,5\n");
     ASSERT_EQ(kestra::catalog::BuildCatalogue(*dir_ / "djqd", *dir_ / "QdDkq.mdb"), "");
   }
   static void TearDownTestSuite() { delete dir_; }
@@ -89,6 +90,9 @@ TEST_F(QueryShapes, KeyValuesComeInFirstOccurrenceOrder) {
             (Texts{"1.05", "10", "10.5", "0.0754"}));
   EXPECT_EQ(Column0(djqd_, "SELECT DISTINCT [￥型号] FROM [电机] WHERE ￥系列名称 LIKE \"Y\""),
             (Texts{"Y315S-4", "Y315M-4"}));
+  // An empty key cell is one more value, in its place.
+  EXPECT_EQ(Column0(djqd_, "SELECT DISTINCT [￥k] FROM [空值]"), (Texts{"b", "", "a"}));
+  EXPECT_EQ(Column0(djqd_, "SELECT DISTINCT [￥k] FROM [空值] WHERE v LIKE \"5\" OR v LIKE \"3\""), (Texts{"a", ""}));
 }
 
 TEST_F(QueryShapes, ValueByKeysWithAndWithoutBrackets) {
