@@ -16,10 +16,14 @@ std::string PathOfConnection(const std::string& connection) {
     if (auto e = s.find(';'); e != std::string::npos) s.resize(e);
     return s;
   }
-  while (!s.empty() && (s.back() == ' ' || s.back() == '\t' || s.back() == '\r' || s.back() == '\n')) {
-    s.pop_back();
-  }
+  auto trim = [&s] {
+    while (!s.empty() && (s.back() == ' ' || s.back() == '\t' || s.back() == '\r' || s.back() == '\n')) {
+      s.pop_back();
+    }
+  };
+  trim();
   if (!s.empty() && s.back() == ';') s.pop_back();
+  trim();
   return s;
 }
 

@@ -36,13 +36,30 @@ std::string CellText(sqlite3_value* v) {
 
 namespace {
 
-// One UTF-8 character starting at s[i]; advances i. Bad bytes count as one character each.
+// One UTF-8 character starting at s[i]; advances i. A byte that does not start a well-formed
+// character counts as a character of its own, so two texts decode alike only when their
+// bytes are alike (the indexed equality in front of LIKE relies on that).
 char32_t NextChar(std::string_view s, std::size_t& i) {
-  auto b = static_cast<unsigned char>(s[i]);
-  std::size_t n = b < 0x80 ? 1 : (b >> 5) == 6 ? 2 : (b >> 4) == 14 ? 3 : (b >> 3) == 30 ? 4 : 1;
-  if (i + n > s.size()) n = 1;
-  char32_t c = n == 1 ? b : (b & (0x7F >> n));
-  for (std::size_t k = 1; k < n; ++k) c = (c << 6) | (static_cast<unsigned char>(s[i + k]) & 0x3F);
+  const auto b = static_cast<unsigned char>(s[i]);
+  const std::size_t n = b < 0x80 ? 1 : (b >> 5) == 6 ? 2 : (b >> 4) == 14 ? 3 : (b >> 3) == 30 ? 4 : 1;
+  if (n == 1 || i + n > s.size()) {
+    ++i;
+    return b < 0x80 ? b : 0x110000 + b;  // stray bytes map outside Unicode
+  }
+  char32_t c = b & (0x7F >> n);
+  for (std::size_t k = 1; k < n; ++k) {
+    const auto cb = static_cast<unsigned char>(s[i + k]);
+    if ((cb & 0xC0) != 0x80) {
+      ++i;
+      return 0x110000 + b;
+    }
+    c = (c << 6) | (cb & 0x3F);
+  }
+  static constexpr char32_t kMin[] = {0, 0, 0x80, 0x800, 0x10000};
+  if (c < kMin[n]) {  // overlong forms would pass for ASCII letters
+    ++i;
+    return 0x110000 + b;
+  }
   i += n;
   return c;
 }

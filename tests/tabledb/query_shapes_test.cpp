@@ -177,6 +177,24 @@ TEST(LikeMatch, WildcardsCaseAndCharacters) {
   EXPECT_FALSE(LikeMatch("a\\%", "ab", U'\\'));
   EXPECT_FALSE(LikeMatch("Ω", "ω"));  // only ASCII letters fold
   EXPECT_TRUE(LikeMatch("", ""));
+  // Broken UTF-8 compares byte by byte: no overlong "A", no lost continuation bytes.
+  EXPECT_FALSE(LikeMatch("a", "\xC1\x81"));
+  EXPECT_FALSE(LikeMatch("\xE4" "AB", "\xE4\x81\x82"));
+  EXPECT_TRUE(LikeMatch("\xE4" "AB", "\xE4" "ab"));
+  EXPECT_TRUE(LikeMatch("_AB", "\xE4" "ab"));
+}
+
+TEST_F(QueryShapes, ConnectionTextsTheCallersBuild) {
+  const std::string path = *dir_ / "DyssCal.Mdb";
+  for (const std::string& c : {ConnectionText(path), path, path + " ; ",
+                              "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + path + ";"}) {
+    CADODatabase db;
+    ASSERT_TRUE(db.Open(c, "", "")) << c;
+    EXPECT_EQ(db.GetTableDefCount(), 3) << c;
+    db.Close();
+    EXPECT_FALSE(db.IsOpen());
+  }
+  EXPECT_EQ(ConnectionText("/data/datcom/DyssCal.Mdb"), "/data/datcom/DyssCal.Mdb;");
 }
 
 TEST_F(QueryShapes, EmptyResultsAreNoError) {
