@@ -153,6 +153,18 @@ std::optional<std::vector<ColumnDef>> Engine::Columns(const std::string& table) 
     cols.push_back({n ? n : "", t ? t : ""});
   }
   sqlite3_finalize(st);
+  // Which columns lead an index in binary order (the distinct-value lists walk those).
+  const char* sql =
+      "SELECT x.name FROM pragma_index_list(?1) AS l, pragma_index_xinfo(l.name) AS x "
+      "WHERE x.seqno = 0 AND x.coll = 'BINARY'";
+  if (sqlite3_prepare_v2(db_, sql, -1, &st, nullptr) == SQLITE_OK) {
+    sqlite3_bind_text(st, 1, table.c_str(), -1, SQLITE_TRANSIENT);
+    while (sqlite3_step(st) == SQLITE_ROW) {
+      const auto* n = reinterpret_cast<const char*>(sqlite3_column_text(st, 0));
+      for (auto& c : cols) c.indexed = c.indexed || (n && c.name == n);
+    }
+  }
+  sqlite3_finalize(st);
   column_cache_.emplace_back(table, cols);
   return cols;
 }

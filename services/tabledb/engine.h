@@ -19,6 +19,7 @@ FileKind DetectFileKind(const std::string& path);
 struct ColumnDef {
   std::string name;
   std::string type;  // declared type
+  bool indexed = false;  // leads an index in its own (binary) order
 };
 
 class Engine {

@@ -170,6 +170,13 @@ RewrittenQuery RewriteQuery(const std::string& q, Engine& engine) {
     }
     return std::nullopt;
   };
+  auto column_indexed = [&](const Token& tok) {
+    const std::string name = NameOf(q, tok);
+    for (auto& c : *columns) {
+      if (kestra::text::EqualsNoCase(c.name, name)) return c.indexed;
+    }
+    return false;
+  };
   auto text_of = [&](std::size_t a, std::size_t b) {  // tokens [a, b) as written
     return a >= b ? std::string() : q.substr(t[a].begin, t[b - 1].end - t[a].begin);
   };
@@ -233,10 +240,12 @@ RewrittenQuery RewriteQuery(const std::string& q, Engine& engine) {
   }
 
   if (distinct) {
-    // One output column named plainly: group on it and order the groups by first row.
-    if (list_end - list_begin == 1 && column_affinity(t[list_begin]) && where >= t.size()) {
+    // Only one output column named plainly is reordered; other lists are left to SQLite.
+    if (list_end - list_begin == 1 && column_affinity(t[list_begin]) && where >= t.size() &&
+        column_indexed(t[list_begin])) {
       // SQLite skips through the column's index for the distinct values; each value then
-      // finds its first row through the same index.
+      // finds its first row through the same index. (Without an index this would read the
+      // table once per value: the grouping below is used then.)
       const std::string col = text_of(list_begin, list_end);
       const std::string table_sql = table_needs_quotes ? QuoteName(table) : text_of(from + 1, where);
       out = "SELECT d." + col + " FROM (SELECT DISTINCT " + col + " FROM " + table_sql +
@@ -244,7 +253,8 @@ RewrittenQuery RewriteQuery(const std::string& q, Engine& engine) {
             col + ")";
       changed = true;
     } else if (list_end - list_begin == 1 && column_affinity(t[list_begin])) {
-      // With a condition: group the (few) matching rows and order the groups by first row.
+      // With a condition (few rows) or without an index: group the rows and order the
+      // groups by their first row.
       out.replace(0, 7, "SELECT ");
       out += " GROUP BY " + text_of(list_begin, list_end) + " ORDER BY min(_rowid_)";
       changed = true;
