@@ -21,7 +21,11 @@ namespace {
 // libmdb prints numbers with printf: keep the decimal point a point whatever the host's locale.
 class CNumericLocale {
  public:
-  CNumericLocale() : c_(newlocale(LC_NUMERIC_MASK, "C", static_cast<locale_t>(nullptr))) {
+  // Only the numeric category changes; texts keep the user's other settings.
+  CNumericLocale() {
+    locale_t base = duplocale(uselocale(static_cast<locale_t>(nullptr)));
+    c_ = base ? newlocale(LC_NUMERIC_MASK, "C", base) : nullptr;
+    if (!c_ && base) freelocale(base);
     if (c_) old_ = uselocale(c_);
   }
   ~CNumericLocale() {
