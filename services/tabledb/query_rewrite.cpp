@@ -127,7 +127,10 @@ RewrittenQuery RewriteQuery(const std::string& q, Engine& engine) {
   }
   while (!t.empty() && t.back().kind == Tok::Punct && q[t.back().begin] == ';') t.pop_back();
   for (auto& tok : t) {
-    if (tok.kind == Tok::Punct && q[tok.begin] == ';') return r;  // more than one statement
+    if (tok.kind != Tok::Punct) continue;
+    const char c = q[tok.begin];
+    if (c == ';') return r;                          // more than one statement
+    if (c == '?' || c == ':' || c == '@') return r;  // parameters of its own
   }
   // SELECT [DISTINCT] list FROM table [WHERE cond]
   if (t.size() < 4 || !IsKeyword(q, t[0], "SELECT")) return r;
@@ -163,7 +166,7 @@ RewrittenQuery RewriteQuery(const std::string& q, Engine& engine) {
   }
 
   auto column_affinity = [&](const Token& tok) -> std::optional<Affinity> {
-    if (tok.kind != Tok::Word && tok.kind != Tok::Bracket) return std::nullopt;
+    if (tok.kind != Tok::Word && tok.kind != Tok::Bracket && tok.kind != Tok::DQuote) return std::nullopt;
     const std::string name = NameOf(q, tok);
     for (auto& c : *columns) {
       if (kestra::text::EqualsNoCase(c.name, name)) return AffinityOf(c.type);
@@ -199,14 +202,14 @@ RewrittenQuery RewriteQuery(const std::string& q, Engine& engine) {
       const bool prev_ok = IsKeyword(q, *prev, "WHERE") || IsKeyword(q, *prev, "AND") ||
                            IsKeyword(q, *prev, "OR") || IsKeyword(q, *prev, "NOT") ||
                            (prev->kind == Tok::Punct && q[prev->begin] == '(');
-      if (prev_ok && m + 2 < t.size() + 0 && IsKeyword(q, t[m + 1], "LIKE") &&
+      if (prev_ok && m + 2 < t.size() && IsKeyword(q, t[m + 1], "LIKE") &&
           (t[m + 2].kind == Tok::DQuote || t[m + 2].kind == Tok::SQuote)) {
         const std::size_t next = m + 3;
         const bool next_ok = next >= t.size() || IsKeyword(q, t[next], "AND") ||
                              IsKeyword(q, t[next], "OR") ||
                              (t[next].kind == Tok::Punct && q[t[next].begin] == ')');
-        auto aff = column_affinity(t[m]);
-        // a double-quoted word that names a column is that column, not a text
+        auto aff = t[m].kind == Tok::DQuote ? std::nullopt : column_affinity(t[m]);
+        // SQLite takes a double-quoted word that names a column for that column, not a text.
         const bool pattern_is_text =
             t[m + 2].kind == Tok::SQuote || !column_affinity(t[m + 2]).has_value();
         const std::string pattern = NameOf(q, t[m + 2]);
