@@ -208,17 +208,19 @@ RewrittenQuery RewriteQuery(const std::string& q, Engine& engine) {
         const bool next_ok = next >= t.size() || IsKeyword(q, t[next], "AND") ||
                              IsKeyword(q, t[next], "OR") ||
                              (t[next].kind == Tok::Punct && q[t[next].begin] == ')');
-        auto aff = t[m].kind == Tok::DQuote ? std::nullopt : column_affinity(t[m]);
+        // (a column unknown here, or one without affinity, is left to LIKE alone)
+        const Affinity aff =
+            t[m].kind == Tok::DQuote ? Affinity::None : column_affinity(t[m]).value_or(Affinity::None);
         // SQLite takes a double-quoted word that names a column for that column, not a text.
         const bool pattern_is_text =
             t[m + 2].kind == Tok::SQuote || !column_affinity(t[m + 2]).has_value();
         const std::string pattern = NameOf(q, t[m + 2]);
-        if (next_ok && aff && *aff != Affinity::None && pattern_is_text && IsPlainPattern(pattern)) {
+        if (next_ok && aff != Affinity::None && pattern_is_text && IsPlainPattern(pattern)) {
           Bind b;
           std::string cmp;
           std::size_t used = 0;
           const double d = kestra::text::WcsToD(pattern, &used);
-          if (*aff == Affinity::Numeric && used == pattern.size() && !pattern.empty() &&
+          if (aff == Affinity::Numeric && used == pattern.size() && !pattern.empty() &&
               kestra::text::EqualsNoCase(NumberText(d), pattern)) {
             b.is_number = true;
             b.number = d;
