@@ -255,6 +255,15 @@ TEST_F(Errors, BrokenQueryIsReportedWithTheEnginesMessage) {
   EXPECT_EQ(Column0(line_, "SELECT [R] FROM YJV WHERE ￥型号 Like \"VV\""), (Texts{"0.5"}));
 }
 
+TEST_F(Errors, WithoutAReporterTheMessageGoesToStderr) {
+  SetErrorReporter(nullptr);
+  ::testing::internal::CaptureStderr();
+  RunAsCaller(line_, "SELECT [R] FROM [没有这个表]");
+  const std::string err = ::testing::internal::GetCapturedStderr();
+  EXPECT_NE(err.find("no such table: 没有这个表"), std::string::npos) << err;
+  EXPECT_TRUE(reported_.empty());
+}
+
 TEST_F(Errors, ValueWithADoubleQuoteFailsCleanly) {
   EXPECT_TRUE(RunAsCaller(djqd_, "SELECT [序号] FROM [起动电抗器数据] WHERE [￥型 号] LIKE \"QKSG \"B\"\"").empty());
   EXPECT_EQ(reported_.size(), 1u);
