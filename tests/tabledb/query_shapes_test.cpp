@@ -331,3 +331,67 @@ TEST(CellText, NumbersInTheirShortestText) {
 
 }  // namespace
 }  // namespace kestra::tabledb::test
+
+namespace kestra::tabledb::test {
+namespace {
+
+// The list and line-data queries of a line form against a plain evaluation of the same rows,
+// on a table whose keys differ in letter case, look like numbers or are missing.
+TEST(QueryShapesAgainstPlainEvaluation, ListsAndLineDataOfAGeneratedTable) {
+  TempDir dir;
+  const Texts k1s{"YJV", "yjv", "VV", "95", "铜", ""};
+  const Texts k2s{"3x50", "3X50", "120", "10", "10.0", ""};
+  const Texts k3s{"1", "01", "a", "A"};
+  struct Row {
+    std::string id, k1, k2, k3, r;
+  };
+  std::vector<Row> rows;
+  std::string csv = "序号,￥型号,￥截面,￥芯数,R,X,U\n";
+  for (int i = 0; i < 300; ++i) {
+    const int h = (i * 37 + 11) % 97;  // scrambled, with repeats
+    Row row{std::to_string(i + 1), k1s[h % 6], k2s[(h / 6) % 6], k3s[(h / 3) % 4], std::to_string(i % 17) + ".5"};
+    csv += row.id + "," + row.k1 + "," + row.k2 + "," + row.k3 + "," + row.r + ",0.1,0.4\n";
+    rows.push_back(row);
+  }
+  WriteFile(dir / "src/t.csv", csv);
+  ASSERT_EQ(kestra::catalog::BuildCatalogue(dir / "src", dir / "c.db"), "");
+  CADODatabase db;
+  db.Open(dir / "c.db");
+
+  auto first_occurrence = [](const Texts& v) {
+    Texts out;
+    for (const auto& s : v) {
+      if (std::find(out.begin(), out.end(), s) == out.end()) out.push_back(s);
+    }
+    return out;
+  };
+  Texts all_k1;
+  for (const auto& r : rows) all_k1.push_back(r.k1);
+  EXPECT_EQ(Column0(db, "SELECT DISTINCT [￥型号] FROM [t]"), first_occurrence(all_k1));
+
+  for (const auto& v1 : k1s) {
+    Texts k2_under;
+    for (const auto& r : rows) {
+      if (!r.k1.empty() && LikeMatch(v1, r.k1)) k2_under.push_back(r.k2);
+    }
+    EXPECT_EQ(Column0(db, "SELECT DISTINCT [￥截面] FROM [t] WHERE ￥型号 LIKE \"" + v1 + "\""),
+              first_occurrence(k2_under))
+        << v1;
+    for (const auto& v2 : k2s) {
+      for (const auto& v3 : k3s) {
+        Texts r_expected;
+        for (const auto& r : rows) {
+          if (!r.k1.empty() && !r.k2.empty() && LikeMatch(v1, r.k1) && LikeMatch(v2, r.k2) && LikeMatch(v3, r.k3)) {
+            r_expected.push_back(r.r);
+          }
+        }
+        const std::string q = "SELECT [R] FROM t WHERE ￥型号 Like \"" + v1 + "\" AND ￥截面 Like \"" + v2 +
+                              "\" AND ￥芯数 Like \"" + v3 + "\"";
+        EXPECT_EQ(Column0(db, q), r_expected) << q;
+      }
+    }
+  }
+}
+
+}  // namespace
+}  // namespace kestra::tabledb::test
