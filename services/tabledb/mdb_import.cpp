@@ -3,6 +3,7 @@
 #include <mdbtools.h>
 #include <sqlite3.h>
 
+#include <charconv>
 #include <clocale>
 #include <cstdlib>
 #include <locale.h>
@@ -42,7 +43,7 @@ class CNumericLocale {
   locale_t old_ = nullptr;
 };
 
-enum class Store { Integer, Real, Text, Skip };
+enum class Store { Integer, Single, Real, Text, Skip };
 
 Store StoreOf(int col_type) {
   switch (col_type) {
@@ -51,8 +52,9 @@ Store StoreOf(int col_type) {
     case MDB_INT:
     case MDB_LONGINT:
       return Store::Integer;
-    case MDB_MONEY:
     case MDB_FLOAT:
+      return Store::Single;
+    case MDB_MONEY:
     case MDB_DOUBLE:
     case MDB_NUMERIC:
       return Store::Real;
@@ -69,6 +71,7 @@ Store StoreOf(int col_type) {
 const char* SqlType(Store s) {
   switch (s) {
     case Store::Integer: return "INTEGER";
+    case Store::Single:
     case Store::Real: return "REAL";
     case Store::Text: return "TEXT";
     case Store::Skip: break;
@@ -143,6 +146,12 @@ void ImportTable(MdbTableDef* table, sqlite3* db, const std::string& path) {
           sqlite3_bind_double(st, idx, d);
           continue;
         }
+      } else if (stores[j] == Store::Single) {
+        const double d = kestra::text::WcsToD(cell, &used);
+        if (used == cell.size()) {
+          sqlite3_bind_double(st, idx, SingleCellValue(d));
+          continue;
+        }
       }
       sqlite3_bind_text(st, idx, cell.data(), static_cast<int>(cell.size()), SQLITE_TRANSIENT);
     }
@@ -158,6 +167,12 @@ void ImportTable(MdbTableDef* table, sqlite3* db, const std::string& path) {
 }
 
 }  // namespace
+
+double SingleCellValue(double as_read) {
+  char text[32];
+  const auto res = std::to_chars(text, text + sizeof text, static_cast<float>(as_read));
+  return kestra::text::WcsToD(std::string_view(text, static_cast<std::size_t>(res.ptr - text)));
+}
 
 void ImportAccessFile(const std::string& path, sqlite3* db) {
   CNumericLocale c_numbers;

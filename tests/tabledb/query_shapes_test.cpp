@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "services/tabledb/cell_text.h"
+#include "services/tabledb/mdb_import.h"
 #include "test_support.h"
 
 namespace kestra::tabledb::test {
@@ -312,6 +313,13 @@ TEST_F(Errors, MissingAndForeignFiles) {
   CADORecordset rs(&db);
   EXPECT_THROW(rs.Open("SELECT 1", 0), CADOException);
   EXPECT_FALSE(rs.IsOpen());
+}
+
+TEST(CellText, AccessSingleCellsReadAsTyped) {
+  EXPECT_EQ(SingleCellValue(0.075400002), 0.0754);
+  EXPECT_EQ(SingleCellValue(static_cast<float>(1.05)), 1.05);
+  EXPECT_EQ(SingleCellValue(500), 500.0);
+  EXPECT_EQ(SingleCellValue(-0.1f), -0.1);
 }
 
 TEST(CellText, NumbersInTheirShortestText) {
