@@ -37,6 +37,7 @@ TEST(ModuleLoad, LoadUnloadLoadRegistersTheSameGroupAgain) {
     EXPECT_TRUE(lines.empty());
     EXPECT_TRUE(transcript.str().empty());
     session.Unload();
+    EXPECT_EQ(dlopen(kModule.c_str(), RTLD_NOW | RTLD_NOLOAD), nullptr) << "the module file really went";
     EXPECT_EQ(session.last_entry_result(), 0);
     EXPECT_TRUE(session.Commands().empty());
     EXPECT_FALSE(session.RunCommand("sample"));
