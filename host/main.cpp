@@ -11,7 +11,7 @@
 #include "host/script/script_runner.h"
 #include "ui/headless_host.h"
 
-#if defined(KESTRA_HAVE_QT)
+#if defined(KESTRA_HAVE_QT) && defined(KESTRA_QT_WINDOW_MODE)
 #include "host/qt/window_mode.h"
 #endif
 #if defined(KESTRA_HAVE_CATALOG)
@@ -126,7 +126,7 @@ int main(int argc, char** argv) {
     std::cerr << "kestra: --report-dir goes with --script\n";
     return 1;
   }
-#if defined(KESTRA_HAVE_QT)
+#if defined(KESTRA_HAVE_QT) && defined(KESTRA_QT_WINDOW_MODE)
   return kestra::qt::RunWindowMode(argc, argv, module_path, command);
 #else
   std::cerr << "kestra: window mode is not built into this kestra (it needs the Qt window renderer at build time).\n"
