@@ -19,7 +19,13 @@ function(kestra_add_catalogue target src_dir out_file)
   # Re-globbed at every build, so a new CSV file or a new tables.txt is noticed.
   file(GLOB sources CONFIGURE_DEPENDS "${src_dir}/*.csv" "${src_dir}/tables.txt")
   if(NOT sources)
-    message(FATAL_ERROR "kestra_add_catalogue(${target}): no .csv files in ${src_dir}")
+    # Sources generated at build time do not exist yet when CMake configures; their
+    # generator writes tables.txt last, so that file stands for all of them.
+    string(FIND "${src_dir}" "${CMAKE_BINARY_DIR}" in_build)
+    if(NOT in_build EQUAL 0)
+      message(FATAL_ERROR "kestra_add_catalogue(${target}): no .csv files in ${src_dir}")
+    endif()
+    set(sources "${src_dir}/tables.txt")
   endif()
 
   add_custom_command(OUTPUT "${out_file}"
