@@ -18,6 +18,9 @@ bool Overlap(const ui::Rect& a, const ui::Rect& b) {
 
 TEST_F(DieselDialogTest, TemplateSizesFontsAndStyles) {
   const ui::ResourceSet& res = kestra::res::ModuleResources();
+  // Every script of res/ is carried, not only the first: the module's strings are there too.
+  ASSERT_NE(res.FindString(100), nullptr);
+  EXPECT_EQ(*res.FindString(100), "OrvelKestra");
   struct Expect {
     int id, cx, cy;
     bool child;
