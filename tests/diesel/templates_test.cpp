@@ -98,3 +98,43 @@ TEST_F(DieselDialogTest, PagesAreLaidOutCleanly) {
 }
 
 }  // namespace
+
+namespace {
+
+// Scripts name an edit by the label a designer reads beside it.
+TEST_F(DieselDialogTest, EditsAreFoundByTheirDescriptiveLabels) {
+  struct Row {
+    int page;
+    const char* label;
+    int id;
+  };
+  const Row rows[] = {
+      {0, "发电机总负荷计算功率", 216},
+      {0, "所带负荷的综合效率", 217},
+      {0, "发电机额定功率因数", 218},
+      {0, "按稳定负荷计算的发电机视在功率", 219},
+      {1, "因尖峰负荷造成电压、频率降低而导致电动机功率下降的系数", 216},
+      {1, "发电机允许短时过载系数", 217},
+      {1, "最大的单台电动机或成组电动机的起动容量", 218},
+      {1, "Sm的有功功率", 219},
+      {1, "Sm的无功功率", 220},
+      {1, "按尖峰负荷计算的发电机视在功率", 221},
+      {2, "发电机母线允许电压降", 217},
+      {2, "发电机瞬态电抗", 218},
+      {2, "导致发电机最大电压降的电动机的最大起动容量", 219},
+      {2, "按母线允许压降计算的发电机视在功率", 216},
+  };
+  ZoUiCyfdjzrlCalDlg dlg;
+  Run(dlg, [&](ui::Dialog& d) {
+    for (const Row& row : rows) {
+      ui::act::Tab(d, row.page);
+      ui::Control* edit = ui::FindControlByLabel(d, row.label);
+      ASSERT_NE(edit, nullptr) << row.label;
+      EXPECT_EQ(edit->id(), row.id) << row.label;
+      EXPECT_EQ(edit->kind(), ui::Kind::Edit) << row.label;
+      EXPECT_TRUE(edit->IsWindowVisible() && edit->owner()->IsWindowVisible()) << row.label;
+    }
+  });
+}
+
+}  // namespace
