@@ -45,23 +45,6 @@ TEST(DieselCalculators, WorkedValuesThroughTheCommonInterface) {
   EXPECT_EQ(Shown(BusDrop(2, 0.2, 1000)), "-100.000");
 }
 
-TEST(DieselCalculators, SetParamsTakesTheFieldsInOrder) {
-  const ZoUiJFFHCal p = Peak(1, 2, 3, 4, 5);
-  EXPECT_EQ(p.m_dKj, 1);
-  EXPECT_EQ(p.m_dKG, 2);
-  EXPECT_EQ(p.m_dSm, 3);
-  EXPECT_EQ(p.m_dPm, 4);
-  EXPECT_EQ(p.m_dQm, 5);
-  const ZoUiWDFHCal s = Steady(1, 2, 3);
-  EXPECT_EQ(s.m_dPSum, 1);
-  EXPECT_EQ(s.m_dEtaSum, 2);
-  EXPECT_EQ(s.m_dCosPhi, 3);
-  const ZoUiMXYXYJCal b = BusDrop(1, 2, 3);
-  EXPECT_EQ(b.m_dDeltaU, 1);
-  EXPECT_EQ(b.m_dXd, 2);
-  EXPECT_EQ(b.m_dSst, 3);
-}
-
 TEST(DieselCalculators, DivisorsStrictlyInsideOneMillionthGiveZero) {
   const double nan = std::numeric_limits<double>::quiet_NaN();
   // Exactly ±1e-6 is used as a divisor.
