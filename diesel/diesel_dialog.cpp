@@ -2,6 +2,7 @@
 
 #include "diesel/diesel_ids.h"
 #include "diesel/diesel_report.h"
+#include "services/report/report_blocks_writer.h"
 
 using namespace kestra::diesel;
 
@@ -70,11 +71,13 @@ kestra::report::Blocks ZoUiCyfdjzrlCalDlg::ReportBlocks(const std::string& date)
 }
 
 void ZoUiCyfdjzrlCalDlg::OnReport() {
-  // No calculation here: the report shows what each page last calculated.
-  const kestra::report::Blocks blocks = ReportBlocks(TodayText());
-  // >>> REPORT WRITER CALL SITE <<<
-  // kestra::report::WriteReport (services/report) is not in this tree yet. It is called
-  // here with these blocks, the title kReportTitle, no wait cursor and the open-failure
-  // message "创建Word实例失败!". Until then "计算书" writes nothing.
-  (void)blocks;
+  ui::UiHost* host = ui::CurrentHost();
+  if (!host) return;
+  kestra::report::ReportRunOptions options;
+  options.title = kReportTitle;
+  options.open_failure_message = kestra::report::kDieselOpenFailureMessage;
+  options.header_failure_message = kestra::report::kDieselHeaderErrorMessage;
+  // No calculation here, and no wait cursor: the report shows what each page last calculated.
+  kestra::report::WriteReport(
+      *host, [this](const std::string& message) { MessageBox(message); }, ReportBlocks(TodayText()), options);
 }

@@ -1,8 +1,10 @@
 // The generator-capacity dialog through the headless host.
 #include <cmath>
+#include <fstream>
 
 #include "diesel/diesel_command.h"
 #include "diesel_fixture.h"
+#include "tests/report/zip_reader.h"
 
 namespace {
 
@@ -209,6 +211,50 @@ TEST_F(DieselDialogTest, CommandRunsTheDialogAndLeavesNothingOpen) {
   kestra::diesel::RunDieselCommand();
   EXPECT_EQ(transcript_.str(), "[dialog] 柴油发电机组容量计算\n[closed] 柴油发电机组容量计算 Cancel\n");
   EXPECT_TRUE(host_.open_dialogs().empty());
+}
+
+}  // namespace
+
+namespace {
+
+TEST_F(DieselDialogTest, ReportButtonWritesTheDocument) {
+  ZoUiCyfdjzrlCalDlg dlg;
+  Run(dlg, [&](ui::Dialog& d) {
+    Type(d, 216, "500");
+    Press(d, "计算");
+    Press(d, "计算书");
+    EXPECT_EQ(host_.wait_cursor_depth(), 0);
+    Press(d, "关闭");
+  });
+  const std::string t = transcript_.str();
+  const std::size_t at = t.find("[report] ");
+  ASSERT_NE(at, std::string::npos) << t;
+  const std::string path = t.substr(at + 9, t.find('\n', at) - at - 9);
+  EXPECT_EQ(std::filesystem::path(path).parent_path(), report_dir_);
+  EXPECT_EQ(std::filesystem::path(path).filename().string().rfind("柴油发电机组容量计算", 0), 0u) << path;
+  const auto xml = kestra::report::testing::ReadZipMember(path, "word/document.xml");
+  ASSERT_TRUE(xml.has_value());
+  EXPECT_NE(xml->find("735.294"), std::string::npos);
+  EXPECT_NE(xml->find("按发电机母线允许压降计算发电机容量"), std::string::npos);
+  EXPECT_TRUE(host_.messages().empty());
+}
+
+TEST_F(DieselDialogTest, ReportThatCannotBeCreatedSaysSoAndTheDialogGoesOn) {
+  // The report folder is a file: no document can be created there.
+  std::filesystem::create_directories(report_dir_.parent_path());
+  { std::ofstream(report_dir_) << "not a folder"; }
+  ZoUiCyfdjzrlCalDlg dlg;
+  Run(dlg, [&](ui::Dialog& d) {
+    Type(d, 216, "500");
+    Press(d, "计算");
+    Press(d, "计算书");
+    Type(d, 216, "1000");
+    Press(d, "计算");
+    EXPECT_EQ(Text(d, 219), "1470.588");
+  });
+  EXPECT_EQ(host_.messages(), (std::vector<std::string>{"创建Word实例失败!"}));
+  EXPECT_NE(transcript_.str().find("[message] OrvelKestra: 创建Word实例失败!\n"), std::string::npos);
+  EXPECT_EQ(transcript_.str().find("[report]"), std::string::npos);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 // driven as a designer would: by control id on the shown page, buttons by caption.
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <sstream>
@@ -16,12 +17,17 @@
 class DieselDialogTest : public ::testing::Test {
  protected:
   void SetUp() override {
+    const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
+    report_dir_ = std::filesystem::path(::testing::TempDir()) / (std::string("diesel_") + info->name());
+    std::filesystem::remove_all(report_dir_);
+    host_.SetReportDir(report_dir_.string());
     ui::SetCurrentHost(&host_);
     resources_ = std::make_unique<kestra::shell::ModuleResourceScope>();
   }
   void TearDown() override {
     resources_.reset();
     ui::SetCurrentHost(nullptr);
+    std::filesystem::remove_all(report_dir_);
   }
 
   // Runs the dialog modally with the driver; the dialog object outlives the run.
@@ -43,6 +49,7 @@ class DieselDialogTest : public ::testing::Test {
     ui::act::Click(*c);
   }
 
+  std::filesystem::path report_dir_;  // where "计算书" writes, one folder per test
   std::ostringstream transcript_;
   ui::HeadlessHost host_{transcript_};
   std::unique_ptr<kestra::shell::ModuleResourceScope> resources_;

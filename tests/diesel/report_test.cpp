@@ -5,6 +5,8 @@
 #include <regex>
 
 #include "diesel/diesel_report.h"
+#include "services/report/report_blocks_writer.h"
+#include "services/report/report_styles.h"
 
 namespace {
 
@@ -51,6 +53,41 @@ TEST(DieselReport, BlocksForTheWorkedValues) {
   for (std::sregex_iterator it(blocks[13].text.begin(), blocks[13].text.end(), capacity), end; it != end; ++it)
     values.push_back((*it)[1]);
   EXPECT_EQ(values, (std::vector<std::string>{"735.294", "360.000", "800.000"}));
+}
+
+// What the document holds after the blocks: the header lines as paragraphs, the symbols as
+// subscript runs, the whole document in 宋体.
+TEST(DieselReport, WrittenDocumentHeaderAndFormulaRuns) {
+  ZoUiWDFHCal steady;
+  steady.SetParams(500, 0.85, 0.8);
+  ReportWriter w;
+  w.OpenReport();
+  kestra::report::WriteBlocks(w, kestra::diesel::BuildDieselReport(steady, {}, {}, "2026-11-22"));
+  const auto& doc = w.Document();
+  std::vector<std::string> texts;
+  for (const auto& p : doc.paragraphs) texts.push_back(p.Text());
+  ASSERT_GE(texts.size(), 9u);
+  EXPECT_EQ(texts[0], "柴油发电机组容量计算");
+  EXPECT_FALSE(texts[1].empty());  // the notice
+  const std::vector<std::string> header(texts.begin() + 2, texts.begin() + 8);
+  EXPECT_EQ(header, (std::vector<std::string>{"", "计算时间: 2026-11-22", "设 计 院:", "工    程:", "计 算 者:",
+                                              "计算依据"}));
+  EXPECT_EQ(doc.paragraphs[0].style_id, kestra::report::FindStyle("标题 1")->id);
+  EXPECT_EQ(doc.paragraphs[6].style_id, "Normal");
+  EXPECT_EQ(doc.paragraphs[7].style_id, kestra::report::FindStyle("标题 2")->id);
+  EXPECT_EQ(doc.east_asian_font, "宋体");
+
+  // "S<L>G1</L>=P<L>∑</L>/（η<L>∑</L>cosφ）=735.294": subscripts G1 and ∑ (twice), result plain.
+  const kestra::report::Paragraph* sg1 = nullptr;
+  for (const auto& p : doc.paragraphs)
+    if (p.Text().find("735.294") != std::string::npos) sg1 = &p;
+  ASSERT_NE(sg1, nullptr);
+  std::vector<std::string> subscripts;
+  for (const auto& r : sg1->runs)
+    if (r.kind == kestra::report::RunKind::kSubscript) subscripts.push_back(r.text);
+  EXPECT_EQ(subscripts, (std::vector<std::string>{"G1", "∑", "∑"}));
+  const std::string& last = sg1->runs.back().text;
+  EXPECT_EQ(last.substr(last.rfind("）")), "）=735.294");
 }
 
 TEST(DieselReport, TodayIsAnIsoDate) {
