@@ -7,7 +7,7 @@ namespace kestra::diesel {
 namespace {
 // One line naming the program that wrote the report, then an empty line.
 constexpr const char* kNotice =
-    "本计算书由 OrvelKestra 柴油发电机组容量计算程序生成，计算结果供设计人员复核使用。\n\n";
+    "本计算书由 OrvelKestra 柴油发电机组容量计算程序生成。\n\n";
 constexpr const char* kBasis =
     "\t根据《工业与民用配电设计手册》第三版66页柴油发电机组容量选择计算公式（2-6）（2-7）（2-8）";
 }  // namespace
