@@ -126,16 +126,14 @@ class Reader {
       }
       if (c == '}') {
         Flush();
-        if (stack_.empty()) {
-          if (error) *error = "a group closes that was never opened";
-          return std::nullopt;
-        }
+        // The last paragraph of the document takes the properties in force where it ends.
+        if (stack_.size() == 1) EndParagraph(false);
         state_ = stack_.back();
         stack_.pop_back();
         group_start_ = false;
         pending_skip_ = 0;
         ++i;
-        if (stack_.empty()) break;  // the document's own group has ended
+        if (stack_.empty()) break;  // the document's own group has ended; what follows is not page text
         continue;
       }
       if (c == '\\') {

@@ -12,8 +12,9 @@
 
 namespace ui {
 
-// nullopt, with the reason in *error when given, for a text that is not an RTF document
-// (it must begin with "{\rtf") or whose groups close more often than they open.
+// nullopt, with the reason in *error when given, for a text that is not an RTF document (it
+// must begin with "{\rtf"). A document cut short is shown as far as it goes; anything after
+// the document's closing brace is not part of the page.
 std::optional<RichDocument> ReadRtf(std::string_view rtf, std::string* error = nullptr);
 // The same for a file; a file that cannot be read gives nullopt and the reason.
 std::optional<RichDocument> ReadRtfFile(const std::string& path, std::string* error = nullptr);
