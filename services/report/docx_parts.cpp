@@ -1,0 +1,279 @@
+#include "services/report/docx_parts.h"
+
+#include "services/report/report_styles.h"
+#include "services/report/xml_text.h"
+
+namespace kestra::report {
+namespace {
+
+constexpr std::string_view kXmlDecl = "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n";
+constexpr std::string_view kNsW = "http://schemas.openxmlformats.org/wordprocessingml/2006/main";
+constexpr std::string_view kNsR = "http://schemas.openxmlformats.org/officeDocument/2006/relationships";
+constexpr std::string_view kRelBase = "http://schemas.openxmlformats.org/officeDocument/2006/relationships/";
+
+// Page: A4 portrait; margins 2.54 cm top and bottom, 3.17 cm left and right (in twips).
+constexpr std::string_view kSectionProperties =
+    "<w:sectPr><w:footerReference w:type=\"default\" r:id=\"rIdFooter1\"/>"
+    "<w:pgSz w:w=\"11906\" w:h=\"16838\"/>"
+    "<w:pgMar w:top=\"1440\" w:right=\"1800\" w:bottom=\"1440\" w:left=\"1800\" w:header=\"851\" "
+    "w:footer=\"992\" w:gutter=\"0\"/><w:cols w:space=\"425\"/></w:sectPr>";
+
+std::string_view JcValue(int alignment) {
+  switch (alignment) {
+    case kAlignCenter: return "center";
+    case kAlignRight: return "right";
+    case kAlignJustify: return "both";
+    case kAlignDistribute: return "distribute";
+    default: return "left";
+  }
+}
+
+void AppendFontAttr(std::string& out, std::string_view attr, std::string_view font) {
+  out += ' ';
+  out += attr;
+  out += "=\"";
+  AppendXmlEscaped(out, font);
+  out += '"';
+}
+
+// One run: its properties, then its text cut at tabs and line breaks into <w:t>, <w:tab/> and
+// <w:br/> (a vertical tab is Word's manual line break).
+void AppendRun(std::string& out, const Run& run, std::string_view font) {
+  out += "<w:r>";
+  if (!font.empty() || run.kind != RunKind::kPlain) {
+    out += "<w:rPr>";
+    if (!font.empty()) {
+      out += "<w:rFonts";
+      AppendFontAttr(out, "w:eastAsia", font);
+      out += "/>";
+    }
+    if (run.kind == RunKind::kSuperscript) out += "<w:vertAlign w:val=\"superscript\"/>";
+    if (run.kind == RunKind::kSubscript) out += "<w:vertAlign w:val=\"subscript\"/>";
+    out += "</w:rPr>";
+  }
+  const std::string_view text = run.text;
+  std::size_t start = 0;
+  while (start <= text.size()) {
+    const std::size_t brk = text.find_first_of("\t\v\n\r", start);
+    const std::string_view piece = text.substr(start, brk == std::string_view::npos ? brk : brk - start);
+    if (!piece.empty()) {
+      out += "<w:t xml:space=\"preserve\">";
+      AppendXmlEscaped(out, piece);
+      out += "</w:t>";
+    }
+    if (brk == std::string_view::npos) break;
+    out += text[brk] == '\t' ? "<w:tab/>" : "<w:br/>";
+    start = brk + 1;
+  }
+  out += "</w:r>";
+}
+
+void AppendParagraph(std::string& out, const Paragraph& p, std::string_view font) {
+  out += "<w:p>";
+  const bool styled = p.style_id != "Normal";
+  if (styled || p.alignment) {
+    out += "<w:pPr>";
+    if (styled) {
+      out += "<w:pStyle w:val=\"";
+      AppendXmlEscaped(out, p.style_id);
+      out += "\"/>";
+    }
+    if (p.alignment) {
+      out += "<w:jc w:val=\"";
+      out += JcValue(*p.alignment);
+      out += "\"/>";
+    }
+    out += "</w:pPr>";
+  }
+  for (const Run& r : p.runs) AppendRun(out, r, font);
+  out += "</w:p>";
+}
+
+std::string Utc(std::time_t t) {
+  std::tm tm{};
+  gmtime_r(&t, &tm);
+  char buf[32];
+  std::strftime(buf, sizeof buf, "%Y-%m-%dT%H:%M:%SZ", &tm);
+  return buf;
+}
+
+}  // namespace
+
+std::string ContentTypesXml() {
+  std::string s(kXmlDecl);
+  s += "<Types xmlns=\"http://schemas.openxmlformats.org/package/2006/content-types\">"
+       "<Default Extension=\"rels\" ContentType=\"application/vnd.openxmlformats-package.relationships+xml\"/>"
+       "<Default Extension=\"xml\" ContentType=\"application/xml\"/>"
+       "<Override PartName=\"/word/document.xml\" ContentType=\"application/vnd.openxmlformats-officedocument.wordprocessingml.document.main+xml\"/>"
+       "<Override PartName=\"/word/styles.xml\" ContentType=\"application/vnd.openxmlformats-officedocument.wordprocessingml.styles+xml\"/>"
+       "<Override PartName=\"/word/settings.xml\" ContentType=\"application/vnd.openxmlformats-officedocument.wordprocessingml.settings+xml\"/>"
+       "<Override PartName=\"/word/footer1.xml\" ContentType=\"application/vnd.openxmlformats-officedocument.wordprocessingml.footer+xml\"/>"
+       "<Override PartName=\"/docProps/core.xml\" ContentType=\"application/vnd.openxmlformats-package.core-properties+xml\"/>"
+       "<Override PartName=\"/docProps/app.xml\" ContentType=\"application/vnd.openxmlformats-officedocument.extended-properties+xml\"/>"
+       "</Types>";
+  return s;
+}
+
+std::string PackageRelsXml() {
+  std::string s(kXmlDecl);
+  s += "<Relationships xmlns=\"http://schemas.openxmlformats.org/package/2006/relationships\">"
+       "<Relationship Id=\"rId1\" Type=\"";
+  s += kRelBase;
+  s += "officeDocument\" Target=\"word/document.xml\"/>"
+       "<Relationship Id=\"rId2\" Type=\"http://schemas.openxmlformats.org/package/2006/relationships/metadata/core-properties\" Target=\"docProps/core.xml\"/>"
+       "<Relationship Id=\"rId3\" Type=\"";
+  s += kRelBase;
+  s += "extended-properties\" Target=\"docProps/app.xml\"/></Relationships>";
+  return s;
+}
+
+std::string DocumentRelsXml() {
+  std::string s(kXmlDecl);
+  s += "<Relationships xmlns=\"http://schemas.openxmlformats.org/package/2006/relationships\">";
+  const auto rel = [&](std::string_view id, std::string_view type, std::string_view target) {
+    s += "<Relationship Id=\"";
+    s += id;
+    s += "\" Type=\"";
+    s += kRelBase;
+    s += type;
+    s += "\" Target=\"";
+    s += target;
+    s += "\"/>";
+  };
+  rel("rIdStyles", "styles", "styles.xml");
+  rel("rIdSettings", "settings", "settings.xml");
+  rel("rIdFooter1", "footer", "footer1.xml");
+  s += "</Relationships>";
+  return s;
+}
+
+std::string DocumentXml(const ReportDocument& doc) {
+  std::string s(kXmlDecl);
+  std::size_t text_size = 0;
+  for (const Paragraph& p : doc.paragraphs) {
+    for (const Run& r : p.runs) text_size += r.text.size() + 120;
+    text_size += 80;
+  }
+  s.reserve(text_size + 1024);
+  s += "<w:document xmlns:w=\"";
+  s += kNsW;
+  s += "\" xmlns:r=\"";
+  s += kNsR;
+  s += "\"><w:body>";
+  for (const Paragraph& p : doc.paragraphs) AppendParagraph(s, p, doc.east_asian_font);
+  s += kSectionProperties;
+  s += "</w:body></w:document>";
+  return s;
+}
+
+std::string StylesXml(const ReportDocument& doc) {
+  const std::string_view east_asian =
+      doc.east_asian_font.empty() ? kDefaultEastAsianFont : std::string_view(doc.east_asian_font);
+  std::string s(kXmlDecl);
+  s += "<w:styles xmlns:w=\"";
+  s += kNsW;
+  // Body text: 12 pt (小四), 1.5 lines, justified as a Chinese Word's body text is.
+  s += "\"><w:docDefaults><w:rPrDefault><w:rPr><w:rFonts w:ascii=\"Times New Roman\" "
+       "w:hAnsi=\"Times New Roman\"";
+  AppendFontAttr(s, "w:eastAsia", east_asian);
+  s += " w:cs=\"Times New Roman\"/><w:kern w:val=\"2\"/><w:sz w:val=\"24\"/><w:szCs w:val=\"24\"/>"
+       "<w:lang w:val=\"en-US\" w:eastAsia=\"zh-CN\" w:bidi=\"ar-SA\"/></w:rPr></w:rPrDefault>"
+       "<w:pPrDefault><w:pPr><w:spacing w:after=\"0\" w:line=\"360\" w:lineRule=\"auto\"/></w:pPr>"
+       "</w:pPrDefault></w:docDefaults>";
+  const StyleInfo& normal = *StyleById("Normal");
+  const StyleInfo& h1 = *StyleById("Heading1");
+  const StyleInfo& h2 = *StyleById("Heading2");
+  s += "<w:style w:type=\"paragraph\" w:default=\"1\" w:styleId=\"Normal\"><w:name w:val=\"";
+  s += normal.name;
+  s += "\"/><w:qFormat/><w:pPr><w:widowControl w:val=\"0\"/><w:jc w:val=\"";
+  s += JcValue(normal.default_alignment);
+  s += "\"/></w:pPr></w:style>";
+  // Headings: 黑体 bold, 18 pt (小二) centred for the title, 14 pt (四号) for the sections.
+  const auto heading = [&](const StyleInfo& h, std::string_view spacing, int half_points) {
+    s += "<w:style w:type=\"paragraph\" w:styleId=\"";
+    s += h.id;
+    s += "\"><w:name w:val=\"";
+    s += h.name;
+    s += "\"/><w:basedOn w:val=\"Normal\"/><w:next w:val=\"";
+    s += h.next_id;
+    s += "\"/><w:uiPriority w:val=\"9\"/><w:qFormat/><w:pPr><w:keepNext/><w:keepLines/>";
+    s += spacing;
+    s += "<w:jc w:val=\"";
+    s += JcValue(h.default_alignment);
+    s += "\"/><w:outlineLvl w:val=\"";
+    s += std::to_string(h.outline_level);
+    s += "\"/></w:pPr><w:rPr><w:rFonts";
+    AppendFontAttr(s, "w:eastAsia", kHeadingEastAsianFont);
+    s += "/><w:b/><w:bCs/><w:kern w:val=\"44\"/><w:sz w:val=\"";
+    s += std::to_string(half_points);
+    s += "\"/><w:szCs w:val=\"";
+    s += std::to_string(half_points);
+    s += "\"/></w:rPr></w:style>";
+  };
+  heading(h1, "<w:spacing w:before=\"240\" w:after=\"360\" w:line=\"240\" w:lineRule=\"auto\"/>", 36);
+  heading(h2, "<w:spacing w:before=\"240\" w:after=\"120\" w:line=\"240\" w:lineRule=\"auto\"/>", 28);
+  s += "<w:style w:type=\"character\" w:default=\"1\" w:styleId=\"DefaultParagraphFont\">"
+       "<w:name w:val=\"Default Paragraph Font\"/><w:uiPriority w:val=\"1\"/><w:semiHidden/>"
+       "<w:unhideWhenUsed/></w:style>"
+       "<w:style w:type=\"paragraph\" w:styleId=\"Footer\"><w:name w:val=\"footer\"/>"
+       "<w:basedOn w:val=\"Normal\"/><w:uiPriority w:val=\"99\"/><w:unhideWhenUsed/><w:pPr>"
+       "<w:spacing w:line=\"240\" w:lineRule=\"auto\"/><w:jc w:val=\"center\"/></w:pPr>"
+       "<w:rPr><w:sz w:val=\"18\"/><w:szCs w:val=\"18\"/></w:rPr></w:style>"
+       "</w:styles>";
+  return s;
+}
+
+std::string SettingsXml() {
+  // A tab stop every two characters of body text (24 pt), the usual first-line indent of a
+  // Chinese paragraph, so that the reports' leading tabs indent as a designer expects.
+  std::string s(kXmlDecl);
+  s += "<w:settings xmlns:w=\"";
+  s += kNsW;
+  s += "\"><w:defaultTabStop w:val=\"480\"/><w:characterSpacingControl w:val=\"compressPunctuation\"/>"
+       "<w:compat><w:compatSetting w:name=\"compatibilityMode\" w:uri=\"http://schemas.microsoft.com/office/word\" "
+       "w:val=\"15\"/></w:compat><w:themeFontLang w:val=\"en-US\" w:eastAsia=\"zh-CN\"/></w:settings>";
+  return s;
+}
+
+std::string FooterXml() {
+  // "第 n 页 共 m 页", centred.
+  std::string s(kXmlDecl);
+  s += "<w:ftr xmlns:w=\"";
+  s += kNsW;
+  s += "\" xmlns:r=\"";
+  s += kNsR;
+  s += "\"><w:p><w:pPr><w:pStyle w:val=\"Footer\"/></w:pPr>"
+       "<w:r><w:t xml:space=\"preserve\">第 </w:t></w:r>"
+       "<w:fldSimple w:instr=\" PAGE \"><w:r><w:t>1</w:t></w:r></w:fldSimple>"
+       "<w:r><w:t xml:space=\"preserve\"> 页 共 </w:t></w:r>"
+       "<w:fldSimple w:instr=\" NUMPAGES \"><w:r><w:t>1</w:t></w:r></w:fldSimple>"
+       "<w:r><w:t xml:space=\"preserve\"> 页</w:t></w:r></w:p></w:ftr>";
+  return s;
+}
+
+std::string CorePropertiesXml(const PackageInfo& info) {
+  const std::string when = Utc(info.created);
+  std::string s(kXmlDecl);
+  s += "<cp:coreProperties xmlns:cp=\"http://schemas.openxmlformats.org/package/2006/metadata/core-properties\" "
+       "xmlns:dc=\"http://purl.org/dc/elements/1.1/\" xmlns:dcterms=\"http://purl.org/dc/terms/\" "
+       "xmlns:dcmitype=\"http://purl.org/dc/dcmitype/\" "
+       "xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\"><dc:title>";
+  AppendXmlEscaped(s, info.title);
+  s += "</dc:title><dc:creator>OrvelKestra</dc:creator><cp:lastModifiedBy>OrvelKestra</cp:lastModifiedBy>"
+       "<dcterms:created xsi:type=\"dcterms:W3CDTF\">";
+  s += when;
+  s += "</dcterms:created><dcterms:modified xsi:type=\"dcterms:W3CDTF\">";
+  s += when;
+  s += "</dcterms:modified></cp:coreProperties>";
+  return s;
+}
+
+std::string AppPropertiesXml() {
+  std::string s(kXmlDecl);
+  s += "<Properties xmlns=\"http://schemas.openxmlformats.org/officeDocument/2006/extended-properties\" "
+       "xmlns:vt=\"http://schemas.openxmlformats.org/officeDocument/2006/docPropsVTypes\">"
+       "<Application>OrvelKestra</Application><DocSecurity>0</DocSecurity></Properties>";
+  return s;
+}
+
+}  // namespace kestra::report

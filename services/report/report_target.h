@@ -1,0 +1,31 @@
+#pragma once
+// Where a report goes. The hosts decide: the window host writes into the user's documents
+// folder (…/OrvelKestra/<title> <date time>.docx) and opens the file with the desktop's word
+// processor; the script host writes into its --report-dir and records the file in its transcript.
+#include <ctime>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace kestra::report {
+
+class ReportTarget {
+ public:
+  virtual ~ReportTarget() = default;
+  // A path for a new report named after `title`, at which no file exists yet; nothing when the
+  // report cannot be written anywhere (the report then fails as if Word could not be started).
+  virtual std::optional<std::string> NewReportPath(std::string_view title) = 0;
+  // Shows the written report to the designer.
+  virtual void ShowReport(const std::string& path) = 0;
+};
+
+// "<dir>/<title> YYYY-MM-DD HHMMSS.docx" for a report written at `local_time`; when a file of
+// that name exists, " (2)", " (3)", … is added before ".docx". Characters that file names on
+// Windows or Linux do not take (\ / : * ? " < > | and controls) become "_"; a title that is
+// empty after trimming blanks and dots is "计算书"; a long title is cut (at a character
+// boundary) so that the name stays within 255 bytes.
+std::string UniqueReportPath(const std::string& dir, std::string_view title, const std::tm& local_time);
+// The same for a time, taken in the local time zone.
+std::string UniqueReportPath(const std::string& dir, std::string_view title, std::time_t time);
+
+}  // namespace kestra::report

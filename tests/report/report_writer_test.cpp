@@ -1,0 +1,130 @@
+#include <gtest/gtest.h>
+
+#include "services/report/report_errors.h"
+#include "services/report/report_writer.h"
+
+using kestra::report::BlockEnd;
+using kestra::report::Paragraph;
+using RunT = kestra::report::Run;
+using kestra::report::RunKind;
+using kestra::report::TextMode;
+
+namespace {
+
+class WriterTest : public ::testing::Test {
+ protected:
+  void SetUp() override { ASSERT_TRUE(w.OpenReport()); }
+  const std::vector<Paragraph>& paras() const { return w.Document().paragraphs; }
+  ReportWriter w;
+};
+
+}  // namespace
+
+TEST_F(WriterTest, OpensWithOneEmptyBodyParagraph) {
+  ASSERT_EQ(paras().size(), 1u);
+  EXPECT_EQ(paras()[0].style_id, "Normal");
+  EXPECT_FALSE(paras()[0].alignment.has_value());
+  EXPECT_TRUE(paras()[0].runs.empty());
+}
+
+TEST_F(WriterTest, HeadingsAreFollowedByBodyParagraphs) {
+  w.TitleBlock("无功功率补偿计算书");
+  w.SectionHeading("计算依据");
+  w.BodyBlock("\t依据");
+  w.SectionHeading("计算结果");
+  w.BodyBlock("\t结果", BlockEnd::kEndsReport);
+  ASSERT_EQ(paras().size(), 5u);
+  EXPECT_EQ(paras()[0].style_id, "Heading1");
+  EXPECT_EQ(paras()[0].alignment, 1);
+  EXPECT_EQ(paras()[0].Text(), "无功功率补偿计算书");
+  // After a heading Word starts a "Normal" paragraph without the heading's alignment.
+  EXPECT_EQ(paras()[1].style_id, "Heading2");
+  EXPECT_EQ(paras()[1].alignment, 0);
+  EXPECT_EQ(paras()[2].style_id, "Normal");
+  EXPECT_FALSE(paras()[2].alignment.has_value());
+  EXPECT_EQ(paras()[2].Text(), "\t依据");
+  EXPECT_EQ(paras()[3].style_id, "Heading2");
+  EXPECT_EQ(paras()[4].Text(), "\t结果");  // the last block leaves no empty paragraph
+}
+
+TEST_F(WriterTest, LineFeedsSplitTheParagraphKeepingStyleAndAlignment) {
+  w.SetParagraphStyle("标题 2", 2);
+  w.InsertPlainRun("a\tb\nc\n");
+  w.InsertPlainRun("d\r\ne");
+  ASSERT_EQ(paras().size(), 4u);
+  for (const Paragraph& p : paras()) {
+    EXPECT_EQ(p.style_id, "Heading2");
+    EXPECT_EQ(p.alignment, 2);
+  }
+  EXPECT_EQ(paras()[0].Text(), "a\tb");
+  EXPECT_EQ(paras()[1].Text(), "c");
+  EXPECT_EQ(paras()[2].Text(), "d");
+  EXPECT_EQ(paras()[3].Text(), "e");
+  // Between two body paragraphs Enter keeps the style and the alignment.
+  w.SetParagraphStyle("Normal", 3);
+  w.NewParagraph();
+  EXPECT_EQ(paras().back().style_id, "Normal");
+  EXPECT_EQ(paras().back().alignment, 3);
+}
+
+TEST_F(WriterTest, ScriptRunsAreFollowedByOnePlainSpace) {
+  w.WriteMarkedText("P<L>js</L>=1000kW, x<U>2</U><5");
+  ASSERT_EQ(paras().size(), 1u);
+  EXPECT_EQ(paras()[0].runs, (std::vector<RunT>{{"P", RunKind::kPlain},
+                                               {"js", RunKind::kSubscript},
+                                               {" =1000kW, x", RunKind::kPlain},
+                                               {"2<", RunKind::kSuperscript},
+                                               {" 5", RunKind::kPlain}}));
+  w.InsertScriptRun("a\nb", false);  // a line feed inside a script run splits it too
+  ASSERT_EQ(paras().size(), 2u);
+  EXPECT_EQ(paras()[0].runs.back(), (RunT{"a", RunKind::kSubscript}));
+  EXPECT_EQ(paras()[1].runs, (std::vector<RunT>{{"b", RunKind::kSubscript}, {" ", RunKind::kPlain}}));
+}
+
+TEST_F(WriterTest, PlainBlocksKeepMarksLiteral) {
+  w.PlainBlock("x<U>2</U>");
+  w.TitleBlock("<L>t</L>", TextMode::kPlain);
+  EXPECT_EQ(paras()[0].runs, (std::vector<RunT>{{"x<U>2</U>", RunKind::kPlain}}));
+  EXPECT_EQ(paras()[1].runs, (std::vector<RunT>{{"<L>t</L>", RunKind::kPlain}}));
+  w.BodyBlock("", BlockEnd::kNewParagraph);  // an empty text inserts nothing, the paragraph ends
+  EXPECT_EQ(paras().size(), 4u);
+  EXPECT_TRUE(paras()[2].runs.empty());
+}
+
+TEST_F(WriterTest, StyleNamesAsWordKnowsThem) {
+  w.SetParagraphStyle("Heading 1", 0);
+  EXPECT_EQ(paras().back().style_id, "Heading1");
+  w.SetParagraphStyle("HEADING 2", 0);
+  EXPECT_EQ(paras().back().style_id, "Heading2");
+  w.SetParagraphStyle("正文", 0);
+  EXPECT_EQ(paras().back().style_id, "Normal");
+  try {
+    w.SetParagraphStyle("标题 9", 0);
+    FAIL() << "an unknown style must be refused";
+  } catch (const COleDispatchException& e) {
+    EXPECT_EQ(e.m_wCode, 5941);
+    EXPECT_EQ(kestra::report::OleDispatchExceptionMessage(e),
+              "COleDispatchException. SCODE: 00001735,Description: \"The requested member of the "
+              "collection does not exist.\".");
+  }
+  EXPECT_THROW(w.SetParagraphStyle("标题 1", 5), COleDispatchException);
+  EXPECT_THROW(w.SetParagraphStyle("标题 1", -1), COleDispatchException);
+  EXPECT_EQ(paras().back().style_id, "Normal");  // a refused call changes nothing
+}
+
+TEST(ReportWriter, DocumentFontAndUseBeforeOpening) {
+  ReportWriter w;
+  EXPECT_THROW(w.InsertPlainRun("x"), std::logic_error);
+  EXPECT_THROW(w.NewParagraph(), std::logic_error);
+  w.OpenReport();
+  w.InsertPlainRun("x");
+  w.SetDocumentFont("宋体");
+  EXPECT_EQ(w.Document().east_asian_font, "宋体");
+  EXPECT_FALSE(w.HeaderDone());
+  w.MarkHeaderDone();
+  EXPECT_TRUE(w.HeaderDone());
+  w.OpenReport();  // a new document starts afresh
+  EXPECT_TRUE(w.Document().east_asian_font.empty());
+  EXPECT_EQ(w.Document().paragraphs.size(), 1u);
+  EXPECT_FALSE(w.HeaderDone());
+}
