@@ -4,6 +4,8 @@ set -euo pipefail
 top=$(cd "$(dirname "$0")/.." && pwd)
 "$top/scripts/install-deps.sh"
 "$top/scripts/build.sh"
+# Reports name the Chinese fonts designers know (宋体, 黑体); map them to the installed CJK fonts.
+"$top/services/report/fonts/install-fontconfig.sh"
 root="$top/build/root"
 if [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ]; then
   echo "No display available: running the example scripts headless instead."

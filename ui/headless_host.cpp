@@ -83,13 +83,7 @@ std::optional<std::string> HeadlessHost::NewReportPath(std::string_view title) {
   fs::path dir = report_dir_.empty() ? fs::current_path() : fs::path(report_dir_);
   std::error_code ec;
   fs::create_directories(dir, ec);
-  std::string base(title);
-  for (int n = 1; n < 10000; ++n) {
-    std::string name = base + (n == 1 ? "" : " (" + std::to_string(n) + ")") + ".docx";
-    fs::path p = dir / name;
-    if (!fs::exists(p)) return p.string();
-  }
-  return std::nullopt;
+  return kestra::report::UniqueReportPath(dir.string(), title, std::time(nullptr));
 }
 
 void HeadlessHost::ShowReport(const std::string& path) { out_ << "[report] " << path << '\n'; }

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "services/report/report_target.h"
 #include "ui/geometry.h"
 
 namespace ui {
@@ -25,7 +26,8 @@ enum : unsigned {
 };
 enum : int { IDOK = 1, IDCANCEL = 2, IDABORT = 3, IDRETRY = 4, IDIGNORE = 5, IDYES = 6, IDNO = 7, IDHELP = 9 };
 
-class UiHost {
+// A host is also where reports go: NewReportPath / ShowReport of the report target.
+class UiHost : public kestra::report::ReportTarget {
  public:
   virtual ~UiHost() = default;
 
@@ -40,9 +42,6 @@ class UiHost {
   virtual Size BaseUnits(const Font& font) = 0;
   // Size of a one-line text in a font, in pixels.
   virtual Size TextExtent(const std::string& text, const Font& font) = 0;
-  // Where a new report with this title goes (nullopt: it cannot be written), and showing it.
-  virtual std::optional<std::string> NewReportPath(std::string_view title) = 0;
-  virtual void ShowReport(const std::string& path) = 0;
   // The application title: the caption of message boxes that name none.
   virtual std::string AppTitle() const = 0;
   // The dialog changed in a way a renderer must show (shown, redrawn); hosts without

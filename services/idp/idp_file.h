@@ -1,0 +1,40 @@
+#pragma once
+// The file side of parameter files: whole-file reads, atomic replacement and keeping an
+// unreadable file aside, so that a designer's inputs are never lost to a half-written file.
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace kestra::idp {
+
+enum class ReadResult { kOk, kMissing, kFailed };
+
+// Which file a read saw (device and inode), to tell whether a path still names it.
+struct FileId {
+  std::uint64_t device = 0;
+  std::uint64_t inode = 0;
+};
+
+// Reads the whole file into out (and its identity into id). kMissing when there is no such file.
+ReadResult ReadWholeFile(const std::string& path, std::string& out, FileId* id = nullptr);
+
+// Renames path to "<path>.unreadable-<YYYYmmdd-HHMMSS>[-N]" in the same folder, never over an
+// existing file; the new name goes to moved_to. Only moves the file when it is still the one
+// that was read (same device and inode as `expected`, from ReadWholeFile's stat), so a good
+// file that a writer has just put in its place stays. False when nothing was moved.
+bool MoveAside(const std::string& path, const FileId& expected, std::string* moved_to);
+
+// Replaces path with content atomically: a new temporary file in the same folder (exclusive
+// create), written, flushed to disk, renamed over path, then the folder flushed. A missing
+// folder is created. On failure false, with the old file untouched and no temporary file left.
+bool WriteFileAtomically(const std::string& path, std::string_view content);
+
+namespace testing {
+// Called with the temporary file's path after it was written and flushed, before the rename.
+// Returning false makes the write fail there. For tests that simulate an interrupted write;
+// pass an empty function to remove it.
+void SetBeforeRenameHook(std::function<bool(const std::string& temp_path)> hook);
+}  // namespace testing
+
+}  // namespace kestra::idp

@@ -1,0 +1,150 @@
+// Tables in parameter files: what WriteTable stores reads back unchanged, the layout is the one
+// the data generator writes, and a broken table is refused with a message that names the fault.
+#include <gtest/gtest.h>
+
+#include "services/idp/idp_table.h"
+#include "services/idp/idp_values.h"
+#include "services/idp/inter_dp_data.h"
+#include "tests/idp/idp_test_support.h"
+
+namespace kestra::idp::test {
+namespace {
+
+class IdpTableTest : public IdpFolderTest {
+ protected:
+  static IdpTable Sample() {
+    IdpTable t;
+    t.title = "电机静阻转矩相对值 (Mj/Me)";
+    t.headers = {"机械名称", "起动时", "运行时"};
+    t.rows = {{"通风机", "0.3~0.5", "1.0"}, {"水泵", "0.2"}, {"压缩机\n(活塞式)", "0.4~0.6", "1.0"}};
+    t.note = "以上数据摘自设计手册。";
+    return t;
+  }
+  // Reads key from a file whose body is the given lines.
+  std::optional<IdpTable> ReadFrom(const std::string& body, std::string* error) {
+    const std::string path = Path("tabdata.idp");
+    Put(path, "; OrvelKestra parameter file\n" + body);
+    return ReadTable(path, "T", error);
+  }
+};
+
+TEST_F(IdpTableTest, WrittenTableReadsBackFromTheFile) {
+  CInterDpData tree;
+  SetValue(tree, "Other\\Key", "kept");
+  ASSERT_TRUE(WriteTable(tree, "DjJzZj", Sample()));
+  const std::string path = Path("datcom/tabdata.idp");
+  ASSERT_EQ(tree.WriteDataToIdpFile(path), kOk);
+
+  std::string error;
+  auto table = ReadTable(path, "DjJzZj", &error);
+  ASSERT_TRUE(table) << error;
+  IdpTable want = Sample();
+  want.rows[1].resize(3);  // short rows come back padded
+  EXPECT_EQ(table->title, want.title);
+  EXPECT_EQ(table->headers, want.headers);
+  EXPECT_EQ(table->rows, want.rows);
+  EXPECT_EQ(table->note, want.note);
+}
+
+TEST_F(IdpTableTest, LayoutIsTheSharedOne) {
+  IdpTable t;
+  t.title = "C";
+  t.headers = {"截面", "cosφ=1"};
+  t.rows = {{"16", "0.3~0.5"}};
+  CInterDpData tree;
+  ASSERT_TRUE(WriteTable(tree, "jsxsc", t));
+  ASSERT_EQ(tree.WriteDataToIdpFile(Path("t.idp")), kOk);
+  EXPECT_EQ(Get(Path("t.idp")),
+            "; OrvelKestra parameter file\n"
+            "jsxsc\\Title=C\n"
+            "jsxsc\\Columns=2\n"
+            "jsxsc\\Rows=1\n"
+            "jsxsc\\Header\\1=截面\n"
+            "jsxsc\\Header\\2=cosφ=1\n"
+            "jsxsc\\Row\\1\\1=16\n"
+            "jsxsc\\Row\\1\\2=0.3~0.5\n");
+}
+
+TEST_F(IdpTableTest, MissingCellsAreEmptyAndOrderOfLinesDoesNotMatter) {
+  std::string error;
+  auto t = ReadFrom("T\\Row\\2\\1=b\nT\\Columns=2\nT\\Rows=2\nT\\Header\\2=y\nT\\Header\\1=x\n", &error);
+  ASSERT_TRUE(t) << error;
+  EXPECT_EQ(t->title, "");
+  EXPECT_EQ(t->headers, (std::vector<std::string>{"x", "y"}));
+  EXPECT_EQ(t->rows, (std::vector<std::vector<std::string>>{{"", ""}, {"b", ""}}));
+}
+
+TEST_F(IdpTableTest, RewritingASmallerTableDropsTheOldRows) {
+  CInterDpData tree;
+  ASSERT_TRUE(WriteTable(tree, "T", Sample()));
+  IdpTable small;
+  small.headers = {"A"};
+  small.rows = {{"1"}};
+  ASSERT_TRUE(WriteTable(tree, "T", small));
+  std::string error;
+  auto t = ReadTable(tree, "T", &error);
+  ASSERT_TRUE(t) << error;
+  EXPECT_EQ(t->rows, (std::vector<std::vector<std::string>>{{"1"}}));
+  EXPECT_EQ(t->note, "");
+}
+
+TEST_F(IdpTableTest, WriteRefusesWhatCannotBeATable) {
+  CInterDpData tree;
+  IdpTable wide = Sample();
+  wide.rows[0].push_back("extra");
+  EXPECT_FALSE(WriteTable(tree, "T", wide));
+  EXPECT_FALSE(WriteTable(tree, "T", IdpTable{}));  // no columns
+  EXPECT_FALSE(WriteTable(tree, "A\\\\B", Sample()));
+  IdpTable bad_text = Sample();
+  bad_text.rows[2][0] = "\xFF";
+  EXPECT_FALSE(WriteTable(tree, "T", bad_text));
+  EXPECT_EQ(tree.GetSubValueFromPathW(0, "T"), nullptr);  // nothing half-written
+}
+
+struct BrokenCase {
+  const char* body;
+  const char* message_part;
+};
+
+class BrokenTableTest : public IdpTableTest, public ::testing::WithParamInterface<BrokenCase> {};
+
+TEST_P(BrokenTableTest, IsRefusedWithAMessageNamingTheFault) {
+  std::string error;
+  EXPECT_FALSE(ReadFrom(GetParam().body, &error));
+  EXPECT_NE(error.find(GetParam().message_part), std::string::npos) << error;
+  EXPECT_NE(error.find("tabdata.idp"), std::string::npos) << error;
+}
+
+constexpr const char* kHead = "T\\Columns=2\nT\\Rows=1\nT\\Header\\1=a\nT\\Header\\2=b\n";
+
+INSTANTIATE_TEST_SUITE_P(
+    Faults, BrokenTableTest,
+    ::testing::Values(BrokenCase{"Other\\Columns=1\n", "没有表格\"T\""},
+                      BrokenCase{"T\\Rows=1\nT\\Header\\1=a\n", "缺少\"T\\Columns\""},
+                      BrokenCase{"T\\Columns=two\nT\\Rows=1\n", "\"T\\Columns\"不是1到"},
+                      BrokenCase{"T\\Columns=0\nT\\Rows=1\n", "\"T\\Columns\"不是1到"},
+                      BrokenCase{"T\\Columns=1\nT\\Rows=-1\n", "\"T\\Rows\"不是0到"},
+                      BrokenCase{"T\\Columns=1\nT\\Rows=\nT\\Header\\1=a\n", "\"T\\Rows\"不是0到"},
+                      BrokenCase{"T\\Columns=2\nT\\Rows=0\nT\\Header\\1=a\n", "缺少列标题\"T\\Header\\2\""},
+                      BrokenCase{"T\\Columns=1\nT\\Rows=0\nT\\Header\\1=a\nT\\Header\\3=c\n",
+                                 "\"T\\Header\\3\"不在1到1列之内"},
+                      BrokenCase{"T\\Columns=1\nT\\Rows=0\nT\\Header\\01=a\n", "\"T\\Header\\01\""},
+                      BrokenCase{"T\\Columns=2\nT\\Rows=1\nT\\Header\\1=a\nT\\Header\\2=b\nT\\Row\\2\\1=x\n",
+                                 "\"T\\Row\\2\"不在1到1行之内"},
+                      BrokenCase{"T\\Columns=2\nT\\Rows=1\nT\\Header\\1=a\nT\\Header\\2=b\nT\\Row\\1\\3=x\n",
+                                 "\"T\\Row\\1\\3\"不在1到2列之内"},
+                      BrokenCase{"T\\Title\nT\\Columns=1\n", "第2行缺少\"=\""}));
+
+TEST_F(IdpTableTest, MissingFileIsNamedAndABrokenFileIsLeftWhereItIs) {
+  std::string error;
+  EXPECT_FALSE(ReadTable(Path("none.idp"), "T", &error));
+  EXPECT_NE(error.find("none.idp\"不存在"), std::string::npos) << error;
+
+  const std::string bytes = std::string(kHead) + "garbage\n";
+  EXPECT_FALSE(ReadFrom(bytes, &error));
+  EXPECT_EQ(Get(Path("tabdata.idp")), "; OrvelKestra parameter file\n" + bytes);  // data file untouched
+  EXPECT_EQ(Entries(), std::vector<std::string>{"tabdata.idp"});
+}
+
+}  // namespace
+}  // namespace kestra::idp::test
