@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include "services/idp/idp_values.h"
 #include "services/idp/inter_dp_data.h"
@@ -405,9 +406,13 @@ TEST_F(WgglDialog, ReportButtonCalculatesThenWritesTheDocument) {
   ASSERT_EQ(host_.messages().size(), 2u);
   EXPECT_EQ(host_.messages()[0],
             "补偿容量结果不能为负,请查看自然平均功率因数和补偿后功率因数,单击确认,结果取绝对值");
-  const fs::path docx = root_ / "reports/无功功率补偿计算书.docx";
-  ASSERT_TRUE(fs::exists(docx));
-  EXPECT_EQ(std::distance(fs::directory_iterator(root_ / "reports"), fs::directory_iterator()), 1);
+  // Exactly one document, named after the report's title.
+  std::vector<fs::path> written;
+  for (const auto& e : fs::directory_iterator(root_ / "reports")) written.push_back(e.path());
+  ASSERT_EQ(written.size(), 1u);
+  const fs::path docx = written[0];
+  EXPECT_EQ(docx.filename().string().rfind("无功功率补偿计算书 ", 0), 0u) << docx;
+  EXPECT_EQ(docx.extension(), ".docx");
   EXPECT_NE(transcript_.str().find("[report] " + docx.string()), std::string::npos);
   const std::string text = DocumentText(docx.string());
   EXPECT_EQ(text.rfind("无功功率补偿计算书\n计算依据\n", 0), 0u) << text;
