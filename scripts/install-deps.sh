@@ -4,7 +4,9 @@ set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 mapfile -t wanted < <(grep -v -E '^\s*(#|$)' "$here/deps.txt")
 missing=()
-for p in "${wanted[@]}"; do
+for entry in "${wanted[@]}"; do
+  p=${entry%%:*}
+  if [ "$p" != "$entry" ] && command -v "${entry#*:}" >/dev/null 2>&1; then continue; fi
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")
 done
 [ ${#missing[@]} -eq 0 ] && exit 0

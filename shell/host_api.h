@@ -32,6 +32,8 @@ class HostApi {
   virtual void RetVoid() = 0;
   // The dialog host the module's dialogs run in.
   virtual ui::UiHost* Ui() = 0;
+  // One line for the designer on the host's command line (no line feed in text).
+  virtual void PrintLine(const std::string& text) = 0;
 };
 
 // What the host passes as the package pointer of the entry messages.

@@ -24,6 +24,8 @@ Control* FindIn(Dialog& d, int id, bool visible_only) {
 
 // The static label standing just before c in template order, if any.
 const Control* LabelBefore(Dialog& d, const Control& c) {
+  // A control created at run time has no place in the template and so no label.
+  if (c.template_index() < 0) return nullptr;
   const Control* prev = nullptr;
   for (auto& k : d.controls()) {
     if (k.get() == &c) return prev && prev->kind() == Kind::Static ? prev : nullptr;

@@ -1,0 +1,12 @@
+#include "shell/command_table.h"
+
+#include "shell/module_state.h"
+
+int ZoDefineCommand(const std::string& group, const ZoCmdTable* table, int count, int /*reserved*/) {
+  kestra::shell::HostApi* host = kestra::shell::Host();
+  if (!host || !table) return 0;
+  int taken = 0;
+  for (int i = 0; i < count; ++i)
+    if (host->AddCommand(group, table[i].name, table[i].fn, table[i].flags)) ++taken;
+  return taken;
+}

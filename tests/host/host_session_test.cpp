@@ -1,0 +1,77 @@
+// The host session's command stack and resource stack, without a module.
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "host/core/host_session.h"
+#include "ui/headless_host.h"
+#include "ui/resource_script.h"
+
+namespace {
+
+int g_runs = 0;
+void CountRun() { ++g_runs; }
+void Other() { g_runs += 100; }
+
+TEST(HostSession, CommandStackByGroupWithTypedNames) {
+  std::ostringstream t;
+  ui::HeadlessHost ui(t);
+  kestra::host::HostSession s(ui);
+  EXPECT_EQ(ui::CurrentHost(), &ui);
+  EXPECT_TRUE(s.AddCommand("A", "First", &CountRun, 2));
+  EXPECT_TRUE(s.AddCommand("B", "Second", &Other, 0));
+  EXPECT_FALSE(s.AddCommand("A", "", &CountRun, 2));
+  EXPECT_FALSE(s.AddCommand("A", "NoFn", nullptr, 2));
+  g_runs = 0;
+  EXPECT_TRUE(s.RunCommand(" \tfirst \r\n"));
+  EXPECT_EQ(g_runs, 1);
+  EXPECT_FALSE(s.RunCommand("firs"));
+  EXPECT_FALSE(s.RunCommand("   "));
+  EXPECT_EQ(g_runs, 1);
+
+  // A newer registration of a name takes it over, whatever its case.
+  EXPECT_TRUE(s.AddCommand("B", "FIRST", &Other, 0));
+  ASSERT_EQ(s.Commands().size(), 2u);
+  EXPECT_EQ(s.Commands()[1].group, "B");
+  s.RemoveGroup("B");
+  EXPECT_TRUE(s.Commands().empty());
+  EXPECT_FALSE(s.RunCommand("first"));
+}
+
+TEST(HostSession, ResourcePopsNeverReachBelowWhatTheModulePushed) {
+  std::ostringstream t;
+  ui::HeadlessHost ui(t);
+  kestra::host::HostSession s(ui);
+  ui::ResourceSet mine, module;
+  ui::PushResources(&mine);
+  s.PushResources(&module);
+  EXPECT_EQ(ui::CurrentResources(), &module);
+  s.PopResources();
+  s.PopResources();  // one pop too many from a module
+  EXPECT_EQ(ui::CurrentResources(), &mine);
+  ui::PopResources();
+}
+
+TEST(HostSession, MainWindowAndOutputAreTheProgramsChoice) {
+  std::ostringstream t;
+  ui::HeadlessHost ui(t);
+  kestra::host::HostSession s(ui);
+  int window = 0;
+  s.SetMainWindow(&window);
+  EXPECT_EQ(s.MainWindow(), &window);
+  std::vector<std::string> lines;
+  s.SetOutput([&](const std::string& l) { lines.push_back(l); });
+  s.PrintLine("一行");
+  EXPECT_EQ(lines, std::vector<std::string>{"一行"});
+  EXPECT_EQ(s.Ui(), &ui);
+  s.RetVoid();
+  EXPECT_EQ(s.ret_void_count(), 1);
+}
+
+TEST(HostSession, DefaultModuleLiesBesideTheProgram) {
+  std::string path = kestra::host::DefaultModulePath();
+  EXPECT_TRUE(path.ends_with("/OrvelKestra.so")) << path;
+  EXPECT_EQ(path.front(), '/');
+}
+
+}  // namespace

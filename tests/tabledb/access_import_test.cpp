@@ -1,0 +1,124 @@
+// Access catalogues read through libmdb, on real files written by others (fetched by the
+// tabledb.fetch_access_samples fixture).
+#include <filesystem>
+
+#include "services/tabledb/catalog.h"
+#include "test_support.h"
+
+namespace kestra::tabledb::test {
+namespace {
+
+// The fetched file, or a skip that says why it is missing.
+std::string Sample(const std::string& name) {
+  const std::string path = std::string(KESTRA_ACCESS_SAMPLES) + "/" + name;
+  if (fs::exists(path)) return path;
+  const std::string why = ReadFile(path + ".unavailable");
+  return why.empty() ? "" : "!" + why;
+}
+
+#define REQUIRE_SAMPLE(var, name)                                                             \
+  const std::string var = Sample(name);                                                       \
+  if (var.empty()) GTEST_SKIP() << name " was not fetched: run through ctest, whose fixture " \
+                                          "tabledb.fetch_access_samples fetches it";          \
+  if (var[0] == '!') GTEST_SKIP() << name " is unavailable here: " << var.substr(1)
+
+Texts Fields(CADODatabase& db, const std::string& table) {
+  CADOTableDef def(&db);
+  def.Open(table);
+  Texts names;
+  for (int j = 0; j < def.GetFieldCount(); ++j) {
+    CADOFieldInfo f;
+    def.GetFieldInfo(j, f, 1);
+    names.push_back(f.m_strName);
+  }
+  return names;
+}
+
+Variant Cell(CADODatabase& db, const std::string& query) {
+  CADORecordset rs(&db);
+  rs.Open(query, 0);
+  EXPECT_FALSE(rs.IsEOF()) << query;
+  Variant v;
+  if (!rs.IsEOF()) rs.GetFieldValue(0, v);
+  return v;
+}
+
+TEST(AccessImport, NodeAdodbUsersComeThroughIntact) {
+  REQUIRE_SAMPLE(path, "node-adodb.mdb");
+  const std::string before = ReadFile(path);
+  CADODatabase db;
+  ASSERT_TRUE(db.Open(ConnectionText(path), "", ""));
+  ASSERT_EQ(db.GetTableDefCount(), 1);
+  CADOTableDefInfo info;
+  db.GetTableDefInfo(0, info, 1);
+  EXPECT_EQ(info.m_strName, "Users");
+  EXPECT_EQ(info.m_strType, "TABLE");
+  EXPECT_EQ(Fields(db, "Users"), (Texts{"UserId", "UserName", "UserSex", "UserBirthday", "UserMarried"}));
+
+  EXPECT_EQ(Column0(db, "SELECT [UserName] FROM [Users]"), (Texts{"Nuintun", "Angela", "张三"}));
+  EXPECT_EQ(Column0(db, "SELECT DISTINCT [UserSex] FROM [Users]"), (Texts{"Male", "Female", "男"}));
+  EXPECT_EQ(Column0(db, "SELECT [UserSex] FROM Users WHERE UserName Like \"张三\""), (Texts{"男"}));
+  EXPECT_EQ(Column0(db, "SELECT [UserName] FROM Users WHERE UserSex LIKE \"male\""), (Texts{"Nuintun"}));
+  // Numbers stay numbers, booleans read 1/0, dates as sortable texts.
+  Variant id = Cell(db, "SELECT [UserId] FROM Users WHERE UserName LIKE \"张三\"");
+  EXPECT_EQ(id.kind, Variant::Kind::Integer);
+  EXPECT_EQ(CCrack::strVARIANT(id), "3");
+  EXPECT_EQ(Column0(db, "SELECT [UserName] FROM Users WHERE UserId LIKE \"2\""), (Texts{"Angela"}));
+  EXPECT_EQ(Column0(db, "SELECT [UserMarried] FROM [Users]"), (Texts{"1", "0", "1"}));
+  EXPECT_EQ(Column0(db, "SELECT [UserBirthday] FROM [Users]"),
+            (Texts{"1989-01-25 00:00:00", "1988-12-18 00:00:00", "1986-12-18 00:00:00"}));
+
+  // The in-memory copy is as read-only as a file.
+  EXPECT_THROW(Column0(db, "UPDATE Users SET UserName='x'"), CADOException);
+  EXPECT_THROW(Column0(db, "SELECT [UserName] FROM Users WHERE UserName LIKE \"x\"; DELETE FROM Users"),
+               CADOException);
+  EXPECT_EQ(Column0(db, "SELECT [UserName] FROM [Users]").size(), 3u);
+  db.Close();
+  EXPECT_EQ(ReadFile(path), before);
+}
+
+TEST(AccessImport, RecognisedByContentNotByName) {
+  REQUIRE_SAMPLE(path, "node-adodb.mdb");
+  TempDir dir;
+  fs::copy_file(path, dir / "catalogue.dat");
+  CADODatabase db;
+  ASSERT_TRUE(db.Open(dir / "catalogue.dat"));
+  EXPECT_EQ(Column0(db, "SELECT [UserName] FROM [Users]").back(), "张三");
+}
+
+TEST(AccessImport, MonitorNumbersBooleansAndDates) {
+  REQUIRE_SAMPLE(path, "Monitor.mdb");
+  CADODatabase db;
+  ASSERT_TRUE(db.Open(ConnectionText(path)));
+  ASSERT_EQ(db.GetTableDefCount(), 1);
+  const std::string t = "Monitor_Authenticate";
+  EXPECT_EQ(Fields(db, t).size(), 12u);
+  Variant number = Cell(db, "SELECT [LineNumber] FROM [" + t + "]");
+  EXPECT_EQ(number.kind, Variant::Kind::Real);  // Numeric(18,0)
+  EXPECT_EQ(CCrack::strVARIANT(number), "1234567890");
+  EXPECT_EQ(CCrack::strVARIANT(Cell(db, "SELECT [LineSpeed] FROM [" + t + "]")), "33600");
+  Variant password = Cell(db, "SELECT [LinePassword] FROM [" + t + "]");
+  EXPECT_EQ(password.kind, Variant::Kind::Text);  // digits in a text column stay text
+  EXPECT_EQ(password.s, "12345678");
+  EXPECT_EQ(Column0(db, "SELECT [Graph_Day] FROM [" + t + "]"), (Texts{"1"}));
+  EXPECT_EQ(Column0(db, "SELECT [Graph_EMail] FROM [" + t + "]"), (Texts{"0"}));
+  EXPECT_EQ(Column0(db, "SELECT [LastVisit] FROM [" + t + "]"), (Texts{"2000-06-17 20:36:24"}));
+  EXPECT_EQ(Column0(db, "SELECT [ID] FROM " + t + " WHERE LineSpeed LIKE \"33600\""), (Texts{"1"}));
+}
+
+TEST(AccessImport, ExportedAndRebuiltCatalogueReadsTheSame) {
+  REQUIRE_SAMPLE(path, "node-adodb.mdb");
+  TempDir dir;
+  ASSERT_EQ(kestra::catalog::ExportCatalogue(path, dir / "csv"), "");
+  ASSERT_EQ(kestra::catalog::BuildCatalogue(dir / "csv", dir / "users.db"), "");
+  CADODatabase access, rebuilt;
+  access.Open(path);
+  rebuilt.Open(dir / "users.db");
+  for (const auto& f : Fields(access, "Users")) {
+    const std::string q = "SELECT [" + f + "] FROM [Users]";
+    EXPECT_EQ(Column0(rebuilt, q), Column0(access, q)) << f;
+  }
+}
+
+}  // namespace
+}  // namespace kestra::tabledb::test

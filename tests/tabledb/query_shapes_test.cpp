@@ -1,0 +1,405 @@
+// The calculators' query texts, verbatim, against catalogues built here.
+#include <sqlite3.h>
+
+#include <algorithm>
+
+#include "services/tabledb/cell_text.h"
+#include "services/tabledb/mdb_import.h"
+#include "test_support.h"
+
+namespace kestra::tabledb::test {
+namespace {
+
+class QueryShapes : public ::testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    dir_ = new TempDir;
+    // Rows are in no sorted order on purpose: the lists must come back in stored order.
+    WriteFile(*dir_ / "line/tables.txt",
+              "# line tables\nvv.csv\tVV/VLV 电缆\nyjv.csv\tYJV\nempty.csv\t空表\n");
+    WriteFile(*dir_ / "line/vv.csv",
+              "序号,￥截面,￥芯数,R,X,U\r\n"
+              "1,95,4,0.193,0.07,0.4\r\n"
+              "2,120,3,0.153,0.06,0.4\r\n"
+              "3,95,3,0.193,0.06,0.4\r\n"
+              "4,3x50,3,0.365,0.06,0.4\r\n"
+              "5,120,4,0.153,0.07,0.4\r\n"
+              "6,95,3,0.2,0.061,0.4\r\n");
+    WriteFile(*dir_ / "line/yjv.csv", "序号,￥型号,R,X,U\n1,YJV,1.83,0.0754,10\n2,yjv22,1.15,0.08,10\n3,VV,0.5,0.09,6\n");
+    WriteFile(*dir_ / "line/empty.csv", "序号,￥截面,R,X,U\n");
+    ASSERT_EQ(kestra::catalog::BuildCatalogue(*dir_ / "line", *dir_ / "DyssCal.Mdb"), "");
+
+    WriteFile(*dir_ / "djqd/起动电抗器数据.csv",
+              "序号,￥型 号,容量kVA,短路电压%,每相额定电抗Ω,起动电流A\n"
+              "1,QKSG-100,100,5,1.05,500\n"
+              "2,QKSG-200,200,5,10,750\n"
+              "3,QKSG-300,300,5,10.5,500\n"
+              "4,\"QKSG \"\"B\"\"\",400,5,0.0754,1000\n");
+    WriteFile(*dir_ / "djqd/电机.csv",
+              "序号,￥系列名称,￥型号,功率kW,转速r/min,额定电流A,起动电流A,额定电压kV\n"
+              "1,Y,Y315S-4,110,1480,201,1407,0.38\n"
+              "2,YB,YB355M-4,250,1485,445,3115,0.38\n"
+              "3,Y,Y315M-4,132,1480,240,1680,0.38\n");
+    WriteFile(*dir_ / "djqd/空值.csv", "序号,￥k,v\n1,b,1\n2,,2\n3,a,3\n4,b,4\n5,,5\n");
+    ASSERT_EQ(kestra::catalog::BuildCatalogue(*dir_ / "djqd", *dir_ / "QdDkq.mdb"), "");
+  }
+  static void TearDownTestSuite() { delete dir_; }
+
+  void SetUp() override {
+    line_.Open(ConnectionText(*dir_ / "DyssCal.Mdb"), "", "");
+    djqd_.Open(ConnectionText(*dir_ / "QdDkq.mdb"), "", "");
+  }
+
+  static TempDir* dir_;
+  CADODatabase line_, djqd_;
+};
+TempDir* QueryShapes::dir_ = nullptr;
+
+TEST_F(QueryShapes, TablesAndColumnsInCatalogueOrder) {
+  ASSERT_TRUE(line_.IsOpen());
+  Texts names;
+  for (int i = 0; i < line_.GetTableDefCount(); ++i) {
+    CADOTableDefInfo info;
+    line_.GetTableDefInfo(i, info, 1);
+    EXPECT_EQ(info.m_strType, "TABLE");
+    names.push_back(info.m_strName);
+  }
+  EXPECT_EQ(names, (Texts{"VV/VLV 电缆", "YJV", "空表"}));
+
+  CADOTableDef def(&line_);
+  def.Open("VV/VLV 电缆");
+  ASSERT_EQ(def.GetFieldCount(), 6);
+  Texts cols;
+  for (int j = 0; j < def.GetFieldCount(); ++j) {
+    CADOFieldInfo f;
+    def.GetFieldInfo(j, f, 1);
+    cols.push_back(f.m_strName);
+  }
+  EXPECT_EQ(cols, (Texts{"序号", "￥截面", "￥芯数", "R", "X", "U"}));
+  def.Close();
+  EXPECT_THROW(def.Open("no such table"), CADOException);
+}
+
+TEST_F(QueryShapes, KeyValuesComeInFirstOccurrenceOrder) {
+  // An index exists on every key column; the list must still be in stored order.
+  EXPECT_EQ(Column0(line_, "SELECT DISTINCT [￥截面] FROM [VV/VLV 电缆]"), (Texts{"95", "120", "3x50"}));
+  EXPECT_EQ(Column0(line_, "SELECT DISTINCT [￥芯数] FROM [VV/VLV 电缆] WHERE ￥截面 LIKE \"95\""),
+            (Texts{"4", "3"}));
+  EXPECT_EQ(Column0(line_, "SELECT DISTINCT [￥芯数] FROM [VV/VLV 电缆] WHERE ￥截面 LIKE \"120\""),
+            (Texts{"3", "4"}));
+  EXPECT_EQ(Column0(djqd_, "SELECT DISTINCT [每相额定电抗Ω] FROM [起动电抗器数据]"),
+            (Texts{"1.05", "10", "10.5", "0.0754"}));
+  EXPECT_EQ(Column0(djqd_, "SELECT DISTINCT [￥型号] FROM [电机] WHERE ￥系列名称 LIKE \"Y\""),
+            (Texts{"Y315S-4", "Y315M-4"}));
+  // An empty key cell is one more value, in its place.
+  EXPECT_EQ(Column0(djqd_, "SELECT DISTINCT [￥k] FROM [空值]"), (Texts{"b", "", "a"}));
+  EXPECT_EQ(Column0(djqd_, "SELECT DISTINCT [￥k] FROM [空值] WHERE v LIKE \"5\" OR v LIKE \"3\""), (Texts{"a", ""}));
+}
+
+TEST_F(QueryShapes, ValueByKeysWithAndWithoutBrackets) {
+  // Two rows match; the calculator takes the last one read.
+  const Texts both{"0.193", "0.2"};
+  EXPECT_EQ(Column0(line_, "SELECT [R] FROM VV/VLV 电缆 WHERE ￥截面 Like \"95\" AND ￥芯数 Like \"3\""), both);
+  EXPECT_EQ(Column0(line_, "SELECT [R] FROM [VV/VLV 电缆] WHERE ￥截面 Like \"95\" AND ￥芯数 Like \"3\""), both);
+  EXPECT_EQ(Column0(line_, "SELECT [X] FROM YJV WHERE ￥型号 Like \"YJV\""), (Texts{"0.0754"}));
+  // No condition: every row, the last one wins.
+  EXPECT_EQ(Column0(line_, "SELECT [U] FROM YJV").back(), "6");
+  EXPECT_EQ(Column0(djqd_, "SELECT [功率kW] FROM [电机] WHERE ￥系列名称 LIKE \"Y\" AND ￥型号 LIKE \"Y315M-4\""),
+            (Texts{"132"}));
+  EXPECT_EQ(Column0(djqd_, "SELECT [￥型 号] FROM 起动电抗器数据 WHERE 起动电流A LIKE \"500\" AND "
+                           "每相额定电抗Ω LIKE \"1.05\""),
+            (Texts{"QKSG-100"}));
+  // The pick dialog's search uses "=" on the bracketed key column.
+  EXPECT_EQ(Column0(djqd_, "SELECT * FROM [起动电抗器数据] where [￥型 号]=\"QKSG-200\""), (Texts{"2"}));
+}
+
+TEST_F(QueryShapes, LikeComparesTheCellTexts) {
+  const std::string reactor = "SELECT DISTINCT [起动电流A] FROM [起动电抗器数据] WHERE 每相额定电抗Ω LIKE ";
+  EXPECT_EQ(Column0(djqd_, reactor + "\"10\""), (Texts{"750"}));
+  EXPECT_TRUE(Column0(djqd_, reactor + "\"10.\"").empty());  // 10.000 trimmed to "10." finds nothing
+  EXPECT_TRUE(Column0(djqd_, reactor + "\"10.0\"").empty());
+  EXPECT_EQ(Column0(djqd_, reactor + "\"1.05\""), (Texts{"500"}));
+  EXPECT_EQ(Column0(djqd_, reactor + "\"0.0754\""), (Texts{"1000"}));
+  EXPECT_EQ(Column0(djqd_, "SELECT [序号] FROM [起动电抗器数据] WHERE 起动电流A LIKE \"500\""), (Texts{"1", "3"}));
+  EXPECT_TRUE(Column0(djqd_, "SELECT [序号] FROM [起动电抗器数据] WHERE 起动电流A LIKE \"500.0\"").empty());
+  // ASCII letters without regard to case, whole text only; wildcards still work.
+  EXPECT_EQ(Column0(line_, "SELECT [R] FROM YJV WHERE ￥型号 Like \"yjv\""), (Texts{"1.83"}));
+  EXPECT_EQ(Column0(line_, "SELECT [R] FROM YJV WHERE ￥型号 Like \"YJV%\""), (Texts{"1.83", "1.15"}));
+  EXPECT_EQ(Column0(line_, "SELECT [R] FROM YJV WHERE ￥型号 Like \"_v\""), (Texts{"0.5"}));
+  EXPECT_EQ(Column0(djqd_, "SELECT [序号] FROM [起动电抗器数据] WHERE 起动电流A LIKE \"5%\""), (Texts{"1", "3"}));
+}
+
+// Whatever route a LIKE takes inside the service (index or scan), it finds exactly the rows
+// whose cell text matches: checked against a plain evaluation over every row.
+TEST_F(QueryShapes, LikeFindsExactlyTheMatchingTexts) {
+  struct Case {
+    CADODatabase* db;
+    std::string table;
+  };
+  for (const Case& c : {Case{&line_, "VV/VLV 电缆"}, Case{&line_, "YJV"}, Case{&djqd_, "起动电抗器数据"}}) {
+    CADOTableDef def(c.db);
+    def.Open(c.table);
+    for (int j = 1; j < def.GetFieldCount(); ++j) {
+      CADOFieldInfo f;
+      def.GetFieldInfo(j, f);
+      const Texts ids = Column0(*c.db, "SELECT [序号] FROM [" + c.table + "]");
+      const Texts cells = Column0(*c.db, "SELECT [" + f.m_strName + "] FROM [" + c.table + "]");
+      Texts patterns = cells;
+      for (const char* p : {"500", "500.0", "10.", "1.050", "yjv", "qksg-100", "95", "%5%", "_", "3x%", ""}) {
+        patterns.push_back(p);
+      }
+      for (const auto& p : patterns) {
+        if (p.find('"') != std::string::npos) continue;  // quotes: see ValueWithADoubleQuoteFailsCleanly
+        Texts expected;
+        for (std::size_t r = 0; r < cells.size(); ++r) {
+          if (LikeMatch(p, cells[r])) expected.push_back(ids[r]);
+        }
+        // Names with a blank or "%" need their brackets; the others are written bare, as the calculators do.
+        const std::string col =
+            f.m_strName.find_first_of(" %/") == std::string::npos ? f.m_strName : "[" + f.m_strName + "]";
+        const std::string q = "SELECT [序号] FROM " + c.table + " WHERE " + col + " LIKE \"" + p + "\"";
+        EXPECT_EQ(Column0(*c.db, q), expected) << q;
+      }
+    }
+  }
+}
+
+TEST(LikeMatch, WildcardsCaseAndCharacters) {
+  EXPECT_TRUE(LikeMatch("abc", "ABC"));
+  EXPECT_FALSE(LikeMatch("abc", "abcd"));
+  EXPECT_TRUE(LikeMatch("a%", "a"));
+  EXPECT_TRUE(LikeMatch("%铜%", "YJV 铜芯"));
+  EXPECT_TRUE(LikeMatch("型_号", "型 号"));
+  EXPECT_TRUE(LikeMatch("_号", "型号"));  // "_" is one character, not one byte
+  EXPECT_FALSE(LikeMatch("__号", "型号"));
+  EXPECT_TRUE(LikeMatch("%_%_", "ab"));
+  EXPECT_FALSE(LikeMatch("%_%_", "a"));
+  EXPECT_TRUE(LikeMatch("a\\%", "a%", U'\\'));
+  EXPECT_FALSE(LikeMatch("a\\%", "ab", U'\\'));
+  EXPECT_FALSE(LikeMatch("Ω", "ω"));  // only ASCII letters fold
+  EXPECT_TRUE(LikeMatch("", ""));
+  // Broken UTF-8 compares byte by byte: no overlong "A", no lost continuation bytes.
+  EXPECT_FALSE(LikeMatch("a", "\xC1\x81"));
+  EXPECT_FALSE(LikeMatch("\xE4" "AB", "\xE4\x81\x82"));
+  EXPECT_TRUE(LikeMatch("\xE4" "AB", "\xE4" "ab"));
+  EXPECT_TRUE(LikeMatch("_AB", "\xE4" "ab"));
+}
+
+TEST_F(QueryShapes, ConnectionTextsTheCallersBuild) {
+  const std::string path = *dir_ / "DyssCal.Mdb";
+  for (const std::string& c : {ConnectionText(path), path, path + " ; ",
+                              "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + path + ";"}) {
+    CADODatabase db;
+    ASSERT_TRUE(db.Open(c, "", "")) << c;
+    EXPECT_EQ(db.GetTableDefCount(), 3) << c;
+    db.Close();
+    EXPECT_FALSE(db.IsOpen());
+  }
+  EXPECT_EQ(ConnectionText("/data/datcom/DyssCal.Mdb"), "/data/datcom/DyssCal.Mdb;");
+}
+
+TEST_F(QueryShapes, EmptyResultsAreNoError) {
+  EXPECT_TRUE(Column0(line_, "SELECT DISTINCT [￥截面] FROM [空表]").empty());
+  EXPECT_TRUE(Column0(line_, "SELECT [R] FROM 空表 WHERE ￥截面 Like \"95\"").empty());
+  EXPECT_TRUE(Column0(line_, "SELECT [R] FROM YJV WHERE ￥型号 Like \"none\"").empty());
+}
+
+TEST(Catalogue, DatabaseWithoutUserTablesListsNothing) {
+  TempDir dir;
+  sqlite3* db = nullptr;
+  ASSERT_EQ(sqlite3_open(dir.operator/("none.db").c_str(), &db), SQLITE_OK);
+  sqlite3_exec(db, "PRAGMA user_version=7", nullptr, nullptr, nullptr);  // writes the header
+  sqlite3_close(db);
+  CADODatabase cat;
+  ASSERT_TRUE(cat.Open(ConnectionText(dir / "none.db")));
+  EXPECT_EQ(cat.GetTableDefCount(), 0);
+}
+
+class Errors : public QueryShapes {
+ protected:
+  void SetUp() override {
+    QueryShapes::SetUp();
+    SetErrorReporter([this](const std::string& m) { reported_.push_back(m); });
+  }
+  void TearDown() override { SetErrorReporter(nullptr); }
+  // The callers' pattern: catch, report, delete, close if open, go on.
+  Texts RunAsCaller(CADODatabase& db, const std::string& query) {
+    Texts got;
+    CADORecordset rs(&db);
+    try {
+      rs.Open(query, 0);
+      while (!rs.IsEOF()) {
+        Variant v;
+        rs.GetFieldValue(0, v);
+        got.push_back(CCrack::strVARIANT(v));
+        rs.MoveNext();
+      }
+      rs.Close();
+    } catch (CADOException& e) {
+      e.ReportError();
+      e.Delete();
+      if (rs.IsOpen()) rs.Close();
+    }
+    return got;
+  }
+  Texts reported_;
+};
+
+TEST_F(Errors, BrokenQueryIsReportedWithTheEnginesMessage) {
+  EXPECT_TRUE(RunAsCaller(line_, "SELECT [R] FROM [YJV] WHERE AND").empty());
+  ASSERT_EQ(reported_.size(), 1u);
+  EXPECT_NE(reported_[0].find("syntax error"), std::string::npos) << reported_[0];
+  EXPECT_TRUE(RunAsCaller(line_, "SELECT [电阻] FROM [YJV]").empty());
+  ASSERT_EQ(reported_.size(), 2u);
+  EXPECT_NE(reported_[1].find("no such column: 电阻"), std::string::npos) << reported_[1];
+  // The connection goes on working.
+  EXPECT_EQ(Column0(line_, "SELECT [R] FROM YJV WHERE ￥型号 Like \"VV\""), (Texts{"0.5"}));
+}
+
+TEST_F(Errors, WithoutAReporterTheMessageGoesToStderr) {
+  SetErrorReporter(nullptr);
+  ::testing::internal::CaptureStderr();
+  RunAsCaller(line_, "SELECT [R] FROM [没有这个表]");
+  const std::string err = ::testing::internal::GetCapturedStderr();
+  EXPECT_NE(err.find("no such table: 没有这个表"), std::string::npos) << err;
+  EXPECT_TRUE(reported_.empty());
+}
+
+TEST_F(Errors, ValueWithADoubleQuoteFailsCleanly) {
+  EXPECT_TRUE(RunAsCaller(djqd_, "SELECT [序号] FROM [起动电抗器数据] WHERE [￥型 号] LIKE \"QKSG \"B\"\"").empty());
+  EXPECT_EQ(reported_.size(), 1u);
+  // Doubled, the quote is an ordinary character of the value.
+  EXPECT_EQ(Column0(djqd_, "SELECT [序号] FROM [起动电抗器数据] WHERE [￥型 号] LIKE \"QKSG \"\"B\"\"\""), (Texts{"4"}));
+}
+
+TEST_F(Errors, CataloguesCannotBeChanged) {
+  const std::string file = *dir_ / "DyssCal.Mdb";
+  const std::string before = ReadFile(file);
+  // A value that breaks out of its quotes, then statements that write.
+  for (const std::string v : {"x\"; DELETE FROM [YJV]; --", "x\"; DROP TABLE YJV; SELECT \"",
+                              "x\" OR 1=1; UPDATE YJV SET R=0 WHERE \"\"=\""}) {
+    RunAsCaller(line_, "SELECT [R] FROM YJV WHERE ￥型号 Like \"" + v + "\"");
+  }
+  for (const std::string q : {"UPDATE [YJV] SET R=0", "DELETE FROM [YJV]", "INSERT INTO YJV VALUES(9,'a',1,1,1)",
+                              "CREATE TABLE x(a)", "ATTACH 'evil.db' AS e", "PRAGMA query_only=0"}) {
+    RunAsCaller(line_, q);
+  }
+  EXPECT_GE(reported_.size(), 8u);
+  EXPECT_EQ(Column0(line_, "SELECT [R] FROM YJV"), (Texts{"1.83", "1.15", "0.5"}));
+  EXPECT_EQ(ReadFile(file), before);
+  EXPECT_FALSE(fs::exists(*dir_ / "evil.db"));
+}
+
+TEST_F(Errors, MissingAndForeignFiles) {
+  CADODatabase db;
+  try {
+    db.Open(ConnectionText(*dir_ / "datcom/none.mdb"), "", "");
+    FAIL() << "opened a missing file";
+  } catch (CADOException& e) {
+    EXPECT_NE(std::string(e.what()).find("none.mdb"), std::string::npos) << e.what();
+    e.ReportError();
+  }
+  EXPECT_FALSE(db.IsOpen());
+  ASSERT_EQ(reported_.size(), 1u);
+  WriteFile(*dir_ / "notes.mdb", "Standard notes, not a database\n");
+  try {
+    db.Open(*dir_ / "notes.mdb");
+    FAIL() << "opened a text file";
+  } catch (CADOException& e) {
+    EXPECT_EQ(std::string(e.what()), "not a catalogue database: " + *dir_ / "notes.mdb");
+  }
+  // Calls on a closed database raise, they do not crash.
+  EXPECT_THROW(db.GetTableDefCount(), CADOException);
+  CADORecordset rs(&db);
+  EXPECT_THROW(rs.Open("SELECT 1", 0), CADOException);
+  EXPECT_FALSE(rs.IsOpen());
+}
+
+TEST(CellText, AccessSingleCellsReadAsTyped) {
+  EXPECT_EQ(SingleCellValue(0.075400002), 0.0754);
+  EXPECT_EQ(SingleCellValue(static_cast<float>(1.05)), 1.05);
+  EXPECT_EQ(SingleCellValue(500), 500.0);
+  EXPECT_EQ(SingleCellValue(-0.1f), -0.1);
+}
+
+TEST(CellText, NumbersInTheirShortestText) {
+  Variant v;
+  v.kind = Variant::Kind::Real;
+  for (auto [d, text] : {std::pair{500.0, "500"}, {1.05, "1.05"}, {0.0754, "0.0754"}, {-3.0, "-3"},
+                         {1e6, "1000000"}, {0.1 + 0.2, "0.30000000000000004"}, {1e-7, "1e-07"}}) {
+    v.d = d;
+    EXPECT_EQ(CCrack::strVARIANT(v), text);
+  }
+  v = Variant{};
+  EXPECT_EQ(CCrack::strVARIANT(v), "");
+  v.kind = Variant::Kind::Integer;
+  v.i = 1234567890123;
+  EXPECT_EQ(CCrack::strVARIANT(v), "1234567890123");
+}
+
+}  // namespace
+}  // namespace kestra::tabledb::test
+
+namespace kestra::tabledb::test {
+namespace {
+
+// The list and line-data queries of a line form against a plain evaluation of the same rows,
+// on a table whose keys differ in letter case, look like numbers or are missing.
+TEST(QueryShapesAgainstPlainEvaluation, ListsAndLineDataOfAGeneratedTable) {
+  TempDir dir;
+  const Texts k1s{"YJV", "yjv", "VV", "95", "铜", ""};
+  const Texts k2s{"3x50", "3X50", "120", "10", "10.0", ""};
+  const Texts k3s{"1", "01", "a", "A"};
+  struct Row {
+    std::string id, k1, k2, k3, r;
+  };
+  std::vector<Row> rows;
+  std::string csv = "序号,￥型号,￥截面,￥芯数,R,X,U\n";
+  for (int i = 0; i < 300; ++i) {
+    const int h = (i * 37 + 11) % 97;  // scrambled, with repeats
+    Row row{std::to_string(i + 1), k1s[h % 6], k2s[(h / 6) % 6], k3s[(h / 3) % 4], std::to_string(i % 17) + ".5"};
+    csv += row.id + "," + row.k1 + "," + row.k2 + "," + row.k3 + "," + row.r + ",0.1,0.4\n";
+    rows.push_back(row);
+  }
+  WriteFile(dir / "src/t.csv", csv);
+  ASSERT_EQ(kestra::catalog::BuildCatalogue(dir / "src", dir / "c.db"), "");
+  CADODatabase db;
+  db.Open(dir / "c.db");
+
+  auto first_occurrence = [](const Texts& v) {
+    Texts out;
+    for (const auto& s : v) {
+      if (std::find(out.begin(), out.end(), s) == out.end()) out.push_back(s);
+    }
+    return out;
+  };
+  Texts all_k1;
+  for (const auto& r : rows) all_k1.push_back(r.k1);
+  EXPECT_EQ(Column0(db, "SELECT DISTINCT [￥型号] FROM [t]"), first_occurrence(all_k1));
+
+  for (const auto& v1 : k1s) {
+    Texts k2_under;
+    for (const auto& r : rows) {
+      if (!r.k1.empty() && LikeMatch(v1, r.k1)) k2_under.push_back(r.k2);
+    }
+    EXPECT_EQ(Column0(db, "SELECT DISTINCT [￥截面] FROM [t] WHERE ￥型号 LIKE \"" + v1 + "\""),
+              first_occurrence(k2_under))
+        << v1;
+    for (const auto& v2 : k2s) {
+      for (const auto& v3 : k3s) {
+        Texts r_expected;
+        for (const auto& r : rows) {
+          if (!r.k1.empty() && !r.k2.empty() && LikeMatch(v1, r.k1) && LikeMatch(v2, r.k2) && LikeMatch(v3, r.k3)) {
+            r_expected.push_back(r.r);
+          }
+        }
+        const std::string q = "SELECT [R] FROM t WHERE ￥型号 Like \"" + v1 + "\" AND ￥截面 Like \"" + v2 +
+                              "\" AND ￥芯数 Like \"" + v3 + "\"";
+        EXPECT_EQ(Column0(db, q), r_expected) << q;
+      }
+    }
+  }
+}
+
+}  // namespace
+}  // namespace kestra::tabledb::test
