@@ -1,0 +1,484 @@
+// The reactive compensation calculator as a designer uses it: the command opens the dialog in
+// a host without windows, a driver types and clicks, and the parameter file is read back.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "services/idp/idp_values.h"
+#include "services/idp/inter_dp_data.h"
+#include "shell/module_state.h"
+#include "tests/report/zip_reader.h"
+#include "ui/actions.h"
+#include "ui/headless_host.h"
+#include "wggl/wggl_command.h"
+#include "wggl/wggl_dialog.h"
+#include "wggl/wggl_subdialogs.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+class WgglDialog : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    char tmpl[] = "/tmp/wggl-test-XXXXXX";
+    ASSERT_NE(mkdtemp(tmpl), nullptr);
+    root_ = tmpl;
+    for (const char* d : {"bin", "Kestra", "Image"}) fs::create_directories(root_ / d);
+    fs::copy_file(fs::path(KESTRA_SOURCE_DIR) / "data/Image/Wgglbc.RTF", root_ / "Image/Wgglbc.RTF");
+    kestra::shell::SetModulePathForTesting((root_ / "bin/OrvelKestra.so").string());
+    ui::SetCurrentHost(&host_);
+  }
+  void TearDown() override {
+    ui::SetCurrentHost(nullptr);
+    kestra::shell::SetModulePathForTesting({});
+    fs::remove_all(root_);
+  }
+
+  fs::path ParamFile() const { return root_ / "Kestra/无功功率补偿计算.idp"; }
+
+  // Runs the command with a driver for the main dialog.
+  void Run(const std::function<void(CWgglbcDlg&)>& drive) {
+    host_.SetDriver([&](ui::Dialog& d) { drive(dynamic_cast<CWgglbcDlg&>(d)); });
+    kestra::wggl::RunWgglCommand();
+    host_.SetDriver(nullptr);
+  }
+
+  std::string Stored(const std::string& key) const {
+    CInterDpData tree;
+    tree.ReadDataFromIdpFile(ParamFile().string());
+    const auto* node = tree.GetSubValueFromPathW(0, "Wgglbc\\" + key);
+    return node ? node->Text() : "<missing>";
+  }
+
+  void Store(const std::string& key, const std::string& text) {
+    CInterDpData tree;
+    tree.ReadDataFromIdpFile(ParamFile().string());
+    kestra::idp::SetValue(tree, "Wgglbc\\" + key, text);
+    tree.WriteDataToIdpFile(ParamFile().string());
+  }
+
+  static ui::Control& C(ui::Dialog& d, int id) {
+    ui::Control* c = ui::FindControl(d, id);
+    if (!c) throw std::runtime_error("no control " + std::to_string(id));
+    return *c;
+  }
+  static ui::Control& L(ui::Dialog& d, const std::string& label) {
+    ui::Control* c = ui::FindControlByLabel(d, label);
+    if (!c) throw std::runtime_error("no control " + label);
+    return *c;
+  }
+  static std::string T(ui::Dialog& d, int id) { return C(d, id).GetWindowText(); }
+
+  static void Enter(ui::Dialog& d, const char* cos1, const char* cos2, const char* alpha, const char* pjs) {
+    ui::act::SetText(C(d, kCos1), cos1);
+    ui::act::SetText(C(d, kCos2), cos2);
+    ui::act::SetText(C(d, kAlpha), alpha);
+    ui::act::SetText(C(d, kPjs), pjs);
+  }
+
+  // Control ids of the templates.
+  static constexpr int kCos1 = 1001, kDesign = 1003, kInUse = 1004, kCos2 = 1005, kAlpha = 1007, kPjs = 1009,
+                       kQc = 1010, kBox = 1011, kRating = 1012, kCount = 1013, kActual = 1014;
+
+  fs::path root_;
+  std::ostringstream transcript_;
+  ui::HeadlessHost host_{transcript_};
+};
+
+TEST_F(WgglDialog, WorkedExampleWithDefaultsAndWhatOkStores) {
+  Run([&](CWgglbcDlg& d) {
+    EXPECT_EQ(d.GetWindowText(), "无功功率补偿");
+    // Every default of a missing file.
+    EXPECT_EQ(T(d, kCos1), "0.5");
+    EXPECT_EQ(T(d, kCos2), "0.5");
+    EXPECT_EQ(T(d, kAlpha), "0.75");
+    EXPECT_EQ(T(d, kPjs), "0");
+    EXPECT_EQ(T(d, kRating), "30");
+    EXPECT_EQ(T(d, kQc), "");
+    EXPECT_EQ(C(d, kBox).GetCheck(), 1);
+    EXPECT_EQ(C(d, kDesign).GetCheck(), 1);
+    EXPECT_EQ(C(d, kInUse).GetCheck(), 0);
+    Enter(d, "0.75", "0.95", "0.75", "1000");
+    ui::act::Click(L(d, "计算"));
+    EXPECT_EQ(T(d, kQc), "412.5");
+    EXPECT_EQ(T(d, kCount), "14");
+    EXPECT_EQ(T(d, kActual), "420");
+    EXPECT_TRUE(d.calculated());
+    // A rating that divides Qc exactly: no capacitor more.
+    ui::act::SetText(C(d, kRating), "27.5");
+    ui::act::Click(L(d, "计算"));
+    EXPECT_EQ(T(d, kCount), "15");
+    EXPECT_EQ(T(d, kActual), "412.5");
+    ui::act::Ok(d);
+  });
+  EXPECT_TRUE(host_.messages().empty());
+  EXPECT_NE(transcript_.str().find("[closed] 无功功率补偿 OK"), std::string::npos);
+  EXPECT_EQ(Stored("Zrglys"), "0.75");
+  EXPECT_EQ(Stored("Bchglys"), "0.95");
+  EXPECT_EQ(Stored("Fhxs"), "0.75");
+  EXPECT_EQ(Stored("Ygjsfh"), "1000");
+  EXPECT_EQ(Stored("Drrl"), "27.5");
+  EXPECT_EQ(Stored("Sfdrsl"), "1");
+  EXPECT_EQ(Stored("Dqxtlx"), "0");
+  EXPECT_EQ(Stored("Ygfhxs"), "0.75");
+  EXPECT_EQ(Stored("Wgfhxs"), "0.75");
+  EXPECT_EQ(Stored("Wgjsfh"), "0");
+  EXPECT_EQ(Stored("Ygdn"), "0");
+  EXPECT_EQ(Stored("Wgdn"), "0");
+}
+
+TEST_F(WgglDialog, MessagesOfTheCalculation) {
+  Run([&](CWgglbcDlg& d) {
+    Enter(d, "0.95", "0.75", "0.75", "1000");
+    ui::act::Click(L(d, "计算"));
+    EXPECT_EQ(T(d, kQc), "412.5");  // shown as its absolute value
+    // No rating: the count is left as it was, the calculation still counts as done.
+    Enter(d, "0.75", "0.95", "0.75", "1000");
+    ui::act::Click(L(d, "计算"));
+    EXPECT_EQ(T(d, kCount), "14");
+    ui::act::SetText(C(d, kRating), "");
+    ui::act::Click(L(d, "计算"));
+    EXPECT_EQ(T(d, kCount), "14");
+    EXPECT_EQ(T(d, kActual), "420");
+    EXPECT_TRUE(d.calculated());
+    // A power factor without a finite tangent: told, nothing computed.
+    ui::act::SetText(C(d, kCos1), "0");
+    ui::act::SetText(C(d, kPjs), "2000");
+    ui::act::Click(L(d, "计算"));
+    EXPECT_EQ(T(d, kQc), "412.5");
+    EXPECT_FALSE(d.calculated());
+    ui::act::SetText(C(d, kCos1), "0.8");
+    ui::act::SetText(C(d, kCos2), "1.2");
+    ui::act::Click(L(d, "计算"));
+    EXPECT_FALSE(d.calculated());
+    ui::act::Cancel(d);
+  });
+  ASSERT_EQ(host_.messages().size(), 4u);
+  EXPECT_EQ(host_.messages()[0],
+            "补偿容量结果不能为负,请查看自然平均功率因数和补偿后功率因数,单击确认,结果取绝对值");
+  EXPECT_EQ(host_.messages()[1], "没有输入单个电容器额定容量或不能为零,无法计算单个电容器的数量!");
+  EXPECT_EQ(host_.messages()[2], "'自然平均功率因数'输入非法, 请输入[-1, 1]之间非零实数!");
+  EXPECT_EQ(host_.messages()[3], "'补偿后功率因数'输入非法, 请输入[-1, 1]之间非零实数!");
+  EXPECT_NE(transcript_.str().find("[message] 警告: 补偿容量结果不能为负"), std::string::npos);
+  EXPECT_FALSE(fs::exists(ParamFile()));  // cancel stores nothing
+}
+
+TEST_F(WgglDialog, CapacitorControlsFollowTheCheckBox) {
+  Store("Sfdrsl", "0");
+  Run([&](CWgglbcDlg& d) {
+    for (int id : {1012, 1013, 1014, 1020, 1021, 1022, 1023, 1024}) EXPECT_FALSE(C(d, id).IsWindowEnabled()) << id;
+    EXPECT_THROW(ui::act::SetText(C(d, kRating), "40"), ui::ActionError);
+    Enter(d, "0.75", "0.95", "0.75", "1000");
+    ui::act::Click(L(d, "计算"));
+    EXPECT_EQ(T(d, kCount), "");  // no count without the box
+    ui::act::Click(C(d, kBox));
+    for (int id : {1012, 1013, 1014, 1020, 1021, 1022, 1023, 1024}) EXPECT_TRUE(C(d, id).IsWindowEnabled()) << id;
+    ui::act::Click(L(d, "计算"));
+    EXPECT_EQ(T(d, kCount), "14");
+    ui::act::Click(C(d, kBox));
+    EXPECT_FALSE(C(d, kRating).IsWindowEnabled());
+    ui::act::Ok(d);
+  });
+  EXPECT_EQ(Stored("Sfdrsl"), "0");
+}
+
+TEST_F(WgglDialog, SpinStepsStopAtTheirLimits) {
+  Run([&](CWgglbcDlg& d) {
+    ui::act::SetText(C(d, kAlpha), "0.01");
+    ui::act::Spin(C(d, kAlpha), /*up=*/false);
+    EXPECT_EQ(T(d, kAlpha), "0");
+    ui::act::Spin(C(d, kAlpha), false);
+    EXPECT_EQ(T(d, kAlpha), "0.01");
+    ui::act::SetText(C(d, kAlpha), "0.99");
+    ui::act::Spin(C(d, kAlpha), true, 3);
+    EXPECT_EQ(T(d, kAlpha), "1");
+    ui::act::SetText(C(d, kCos1), "0.75");
+    ui::act::Spin(C(d, kCos1), true);
+    EXPECT_EQ(T(d, kCos1), "0.8");
+    ui::act::SetText(C(d, kCos1), "1");
+    ui::act::Spin(C(d, kCos1), true);
+    EXPECT_EQ(T(d, kCos1), "1");
+    ui::act::SetText(C(d, kCos2), "0.1");
+    ui::act::Spin(C(d, kCos2), false, 2);
+    EXPECT_EQ(T(d, kCos2), "0.05");
+    ui::act::Ok(d);
+  });
+  // A spin step sets the number, so it is stored without a calculation.
+  EXPECT_EQ(Stored("Zrglys"), "1");
+  EXPECT_EQ(Stored("Bchglys"), "0.05");
+  EXPECT_EQ(Stored("Fhxs"), "1");
+}
+
+TEST_F(WgglDialog, StoredRatingIsItsIntegerPartUntilTheFirstCalculation) {
+  Store("Drrl", "25.5");
+  Run([&](CWgglbcDlg& d) {
+    EXPECT_EQ(T(d, kRating), "25.5");
+    EXPECT_DOUBLE_EQ(d.numbers().rating, 25);
+    ui::act::Ok(d);
+  });
+  EXPECT_EQ(Stored("Drrl"), "25");
+  Store("Drrl", "25.5");
+  Run([&](CWgglbcDlg& d) {
+    Enter(d, "0.75", "0.95", "0.75", "1000");
+    ui::act::Click(L(d, "计算"));
+    EXPECT_EQ(T(d, kCount), "17");  // 412.5 / 25.5 = 16.2
+    EXPECT_EQ(T(d, kActual), "433.5");
+    ui::act::Ok(d);
+  });
+  EXPECT_EQ(Stored("Drrl"), "25.5");
+}
+
+TEST_F(WgglDialog, OnlyCalculatedValuesAreStoredAndOtherKeysStay) {
+  Store("Zrglys", "");  // an empty text reads as the default
+  Store("Dqxtlx", "1");
+  Store("Other", "kept");
+  Run([&](CWgglbcDlg& d) {
+    EXPECT_EQ(T(d, kCos1), "0.5");
+    EXPECT_EQ(C(d, kInUse).GetCheck(), 1);
+    Enter(d, "0.75", "0.95", "0.75", "1000");
+    ui::act::Click(L(d, "计算"));
+    Enter(d, "0.6", "0.9", "0.5", "800");  // typed after the last calculation
+    ui::act::Ok(d);
+  });
+  EXPECT_EQ(Stored("Zrglys"), "0.75");
+  EXPECT_EQ(Stored("Bchglys"), "0.95");
+  EXPECT_EQ(Stored("Fhxs"), "0.75");
+  EXPECT_EQ(Stored("Ygjsfh"), "1000");
+  EXPECT_EQ(Stored("Dqxtlx"), "1");
+  EXPECT_EQ(Stored("Other"), "kept");
+  // Closing the window stores nothing either.
+  Run([&](CWgglbcDlg& d) {
+    Enter(d, "0.6", "0.9", "0.5", "800");
+    ui::act::Click(L(d, "计算"));
+  });
+  EXPECT_EQ(Stored("Zrglys"), "0.75");
+  EXPECT_NE(transcript_.str().find("[closed] 无功功率补偿 Cancel"), std::string::npos);
+}
+
+TEST_F(WgglDialog, DesignSubDialogDerivesThePowerFactor) {
+  Run([&](CWgglbcDlg& d) {
+    ui::act::SetText(C(d, kPjs), "1000");
+    ui::act::Click(L(d, "计算"));  // Pjs 1000 becomes the number the sub-dialog starts with
+    host_.QueueDriver([&](ui::Dialog& s) {
+      EXPECT_EQ(s.GetWindowText(), "正在设计中的电气系统");
+      EXPECT_EQ(T(s, 1101), "0.75");
+      EXPECT_EQ(T(s, 1103), "0.75");
+      EXPECT_EQ(T(s, 1105), "1000");
+      EXPECT_EQ(T(s, 1106), "0");
+      ui::act::Spin(C(s, 1101), true);
+      EXPECT_EQ(T(s, 1101), "0.76");
+      ui::act::SetText(C(s, 1101), "0.75");
+      ui::act::SetText(C(s, 1105), "0");
+      ui::act::Click(L(s, "确认"));
+      EXPECT_FALSE(s.IsEnded());
+      ui::act::SetText(C(s, 1105), "100");
+      ui::act::SetText(C(s, 1106), "1000");  // cosφ1 ≈ 0.0995
+      ui::act::Click(L(s, "确认"));
+      EXPECT_FALSE(s.IsEnded());
+      ui::act::SetText(C(s, 1105), "1000");
+      ui::act::SetText(C(s, 1106), "882");
+      ui::act::Click(L(s, "确认"));
+      EXPECT_TRUE(s.IsEnded());
+    });
+    ui::act::Click(C(d, kDesign));
+    EXPECT_EQ(T(d, kCos1), "0.75");
+    EXPECT_EQ(T(d, kPjs), "1000");
+    ui::act::SetText(C(d, kCos2), "0.95");
+    ui::act::Click(L(d, "计算"));
+    const auto blocks = kestra::wggl::BuildWgglReport(d.ReportValues());
+    EXPECT_EQ(blocks[6].text.rfind("\t补偿前企业自然平均功率因数(正在设计中)", 0), 0u) << blocks[6].text;
+    ui::act::Ok(d);
+  });
+  ASSERT_EQ(host_.messages().size(), 2u);
+  EXPECT_EQ(host_.messages()[0], "有功计算负荷作为除数不能为零 !");
+  EXPECT_EQ(host_.messages()[1], "计算出的自然平均功率因数(范围从0.1到1.0)超出最小值范围");
+  EXPECT_EQ(Stored("Wgjsfh"), "882");
+  EXPECT_EQ(Stored("Ygfhxs"), "0.75");
+  EXPECT_EQ(Stored("Zrglys"), "0.75");
+}
+
+TEST_F(WgglDialog, EnergySubDialogAndCancellingKeepsValuesButNotTheRadio) {
+  Store("Ygdn", "500");
+  Run([&](CWgglbcDlg& d) {
+    EXPECT_EQ(C(d, kDesign).GetCheck(), 1);
+    host_.QueueDriver([&](ui::Dialog& s) {
+      EXPECT_EQ(s.GetWindowText(), "已使用一年的电气系统");
+      EXPECT_EQ(T(s, 1201), "500");
+      ui::act::SetText(C(s, 1201), "2000");
+      ui::act::Cancel(s);
+    });
+    ui::act::Click(C(d, kInUse));
+    EXPECT_EQ(C(d, kInUse).GetCheck(), 1);
+    EXPECT_EQ(C(d, kDesign).GetCheck(), 0);
+    EXPECT_EQ(T(d, kCos1), "0.5");
+    host_.QueueDriver([&](ui::Dialog& s) {
+      EXPECT_EQ(T(s, 1201), "500");  // the cancelled value was not taken
+      ui::act::SetText(C(s, 1201), "0");
+      ui::act::Click(L(s, "确认"));
+      EXPECT_FALSE(s.IsEnded());
+      ui::act::SetText(C(s, 1201), "100");
+      ui::act::SetText(C(s, 1202), "1000");
+      ui::act::Click(L(s, "确认"));
+      EXPECT_FALSE(s.IsEnded());
+      ui::act::SetText(C(s, 1201), "1000");
+      ui::act::SetText(C(s, 1202), "882");
+      ui::act::Click(L(s, "确认"));
+    });
+    ui::act::Click(C(d, kInUse));  // clicked again while selected: opens again
+    EXPECT_EQ(T(d, kCos1), "0.75");
+    // Cancelling the other sub-dialog: the design radio stays selected, nothing else moves.
+    host_.QueueDriver([&](ui::Dialog& s) { ui::act::Cancel(s); });
+    ui::act::Click(C(d, kDesign));
+    EXPECT_EQ(C(d, kDesign).GetCheck(), 1);
+    EXPECT_EQ(T(d, kCos1), "0.75");
+    ui::act::Ok(d);
+  });
+  ASSERT_EQ(host_.messages().size(), 2u);
+  EXPECT_EQ(host_.messages()[0], "有功电能消耗量作为除数不能为零 !");
+  EXPECT_EQ(host_.messages()[1], "计算出的自然平均功率因数(范围从0.1到1.0)超出最小值范围");
+  EXPECT_EQ(Stored("Dqxtlx"), "0");
+  EXPECT_EQ(Stored("Ygdn"), "1000");
+  EXPECT_EQ(Stored("Wgdn"), "882");
+  EXPECT_EQ(Stored("Zrglys"), "0.75");
+}
+
+TEST_F(WgglDialog, DescriptionPage) {
+  Run([&](CWgglbcDlg& d) {
+    host_.QueueDriver([&](ui::Dialog& s) {
+      EXPECT_EQ(s.GetWindowText(), "说明");
+      ui::Control& page = C(s, 1302);
+      EXPECT_EQ(page.kind(), ui::Kind::RichText);
+      EXPECT_EQ(page.GetWindowRect(), C(s, 1301).GetWindowRect());
+      ASSERT_NE(page.rich(), nullptr);
+      EXPECT_NE(page.rich()->PlainText().find("无功功率补偿计算说明"), std::string::npos);
+      ui::act::Click(L(s, "返回"));
+    });
+    ui::act::Click(L(d, "?说明"));
+    fs::remove(root_ / "Image/Wgglbc.RTF");
+    host_.QueueDriver([&](ui::Dialog& s) {
+      EXPECT_NE(C(s, 1302).rich()->PlainText().find("Wgglbc.RTF"), std::string::npos);
+    });
+    ui::act::Click(L(d, "?说明"));
+    ui::act::Click(L(d, "帮助"));  // does nothing
+    ui::act::Cancel(d);
+  });
+  EXPECT_TRUE(host_.messages().empty());
+}
+
+// The text of word/document.xml without its mark-up, paragraphs on lines of their own.
+std::string DocumentText(const std::string& docx) {
+  const auto xml = kestra::report::testing::ReadZipMember(docx, "word/document.xml");
+  if (!xml) return "<unreadable>";
+  std::string out;
+  bool in_text = false;
+  for (std::size_t i = 0; i < xml->size(); ++i) {
+    if (xml->compare(i, 6, "</w:p>") == 0) out += '\n';
+    if (xml->compare(i, 7, "<w:tab/") == 0) out += '\t';
+    if (xml->compare(i, 4, "<w:t") == 0 && (xml->compare(i, 5, "<w:t>") == 0 || xml->compare(i, 5, "<w:t ") == 0)) {
+      i = xml->find('>', i);
+      in_text = true;
+      continue;
+    }
+    if ((*xml)[i] == '<') in_text = false;
+    if (in_text) out += (*xml)[i];
+  }
+  return out;
+}
+
+TEST_F(WgglDialog, ReportButtonCalculatesThenWritesTheDocument) {
+  host_.SetReportDir((root_ / "reports").string());
+  Run([&](CWgglbcDlg& d) {
+    Enter(d, "0.95", "0.75", "0.75", "1000");
+    ui::act::Click(L(d, "  输出\n计算文件"));
+    EXPECT_EQ(T(d, kQc), "412.5");  // the calculation ran first, with its message
+    EXPECT_EQ(host_.wait_cursor_depth(), 0);
+    // A power factor the calculation refuses: no report.
+    ui::act::SetText(C(d, kCos1), "0");
+    ui::act::Click(L(d, "  输出\n计算文件"));
+    ui::act::Cancel(d);
+  });
+  ASSERT_EQ(host_.messages().size(), 2u);
+  EXPECT_EQ(host_.messages()[0],
+            "补偿容量结果不能为负,请查看自然平均功率因数和补偿后功率因数,单击确认,结果取绝对值");
+  // Exactly one document, named after the report's title.
+  std::vector<fs::path> written;
+  for (const auto& e : fs::directory_iterator(root_ / "reports")) written.push_back(e.path());
+  ASSERT_EQ(written.size(), 1u);
+  const fs::path docx = written[0];
+  EXPECT_EQ(docx.filename().string().rfind("无功功率补偿计算书 ", 0), 0u) << docx;
+  EXPECT_EQ(docx.extension(), ".docx");
+  EXPECT_NE(transcript_.str().find("[report] " + docx.string()), std::string::npos);
+  const std::string text = DocumentText(docx.string());
+  EXPECT_EQ(text.rfind("无功功率补偿计算书\n计算依据\n", 0), 0u) << text;
+  EXPECT_NE(text.find("\t补偿系数 qc=TANφ1-TANφ2=0.33-0.88=-0.55\n"), std::string::npos) << text;
+  EXPECT_NE(text.find("=0.75*-0.55*1000.00=-412.50kVar\n计算结果\n"), std::string::npos) << text;
+  EXPECT_NE(text.find("\t并联电容器数量=14"), std::string::npos) << text;
+}
+
+}  // namespace
+
+namespace {
+
+// Every caption fits its control and no two controls lie over each other (group boxes and
+// frames excepted, which hold others), in all four dialogs of the calculator.
+void CheckLayout(ui::Dialog& d) {
+  SCOPED_TRACE(d.GetWindowText());
+  const ui::Rect client = d.GetClientRect();
+  std::vector<const ui::Control*> solid;
+  for (const auto& c : d.controls()) {
+    const ui::Rect r = c->GetWindowRect();
+    EXPECT_TRUE(r.left >= 0 && r.top >= 0 && r.right <= client.right && r.bottom <= client.bottom)
+        << c->GetWindowText() << " " << c->id();
+    const ui::Kind k = c->kind();
+    const int box = (k == ui::Kind::CheckBox || k == ui::Kind::Radio) ? 14 : 0;
+    if (k == ui::Kind::Static || k == ui::Kind::CheckBox || k == ui::Kind::Radio || k == ui::Kind::Button ||
+        k == ui::Kind::GroupBox) {
+      std::istringstream lines(c->GetWindowText());
+      std::string line;
+      int count = 0;
+      while (std::getline(lines, line)) {
+        ++count;
+        EXPECT_LE(d.GetTextExtent(line).cx + box, r.Width()) << line;
+      }
+      EXPECT_LE(count * d.GetTextExtent("国").cy, r.Height()) << c->GetWindowText();
+    }
+    if (k != ui::Kind::GroupBox && k != ui::Kind::Frame) solid.push_back(c.get());
+  }
+  for (std::size_t i = 0; i < solid.size(); ++i)
+    for (std::size_t j = i + 1; j < solid.size(); ++j) {
+      const ui::Rect a = solid[i]->GetWindowRect(), b = solid[j]->GetWindowRect();
+      const bool overlap = a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
+      EXPECT_FALSE(overlap) << solid[i]->GetWindowText() << " / " << solid[j]->GetWindowText();
+    }
+}
+
+TEST(WgglLayout, CaptionsFitAndControlsDoNotOverlap) {
+  std::ostringstream transcript;
+  ui::HeadlessHost host(transcript);
+  ui::SetCurrentHost(&host);
+  kestra::shell::SetModulePathForTesting("/nonexistent/bin/OrvelKestra.so");
+  host.SetDriver([](ui::Dialog& d) { CheckLayout(d); });
+  {
+    kestra::shell::ModuleResourceScope resources;
+    CWgglbcDlg main_dlg(nullptr);
+    EXPECT_EQ(main_dlg.DoModal(), ui::IDCANCEL);
+    CWGGADDDLG add(0.75, 0.75, 0, 0);
+    add.DoModal();
+    CWGGSYYN syyn(0, 0);
+    syyn.DoModal();
+    CWGGSMDLD page(nullptr);
+    page.DoModal();
+  }
+  const std::string shown = transcript.str();
+  EXPECT_EQ(std::count(shown.begin(), shown.end(), '\n'), 8) << shown;  // four opened, four closed
+  ui::SetCurrentHost(nullptr);
+  kestra::shell::SetModulePathForTesting({});
+}
+
+}  // namespace

@@ -1,0 +1,101 @@
+// The report's blocks as a designer reads them in the document.
+#include "wggl/wggl_report.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+using kestra::report::BlockKind;
+using namespace kestra::wggl;
+
+WgglReportValues Example() {
+  WgglReportValues v;
+  v.cos_phi1 = 0.75;
+  v.cos_phi2 = 0.95;
+  v.alpha = 0.75;
+  v.p_js = 1000;
+  v.system = SystemKind::Designing;
+  v.alpha_p = 0.75;
+  v.beta_q = 0.75;
+  v.q_js = 0;  // gives cosφ1 = 1: does not match 0.75, so no derivation
+  v.rating = 30;
+  v.count = 14;
+  v.actual_capacity = 420;
+  return v;
+}
+
+TEST(WgglReport, WorkedExampleBlocks) {
+  const auto b = BuildWgglReport(Example());
+  ASSERT_EQ(b.size(), 9u);
+  const BlockKind kinds[] = {BlockKind::Title, BlockKind::Heading, BlockKind::Body,
+                             BlockKind::Heading, BlockKind::Body, BlockKind::Heading,
+                             BlockKind::Body, BlockKind::Heading, BlockKind::BodyEnd};
+  for (std::size_t i = 0; i < 9; ++i) EXPECT_EQ(b[i].kind, kinds[i]) << i;
+  EXPECT_EQ(b[0].text, "无功功率补偿计算书");
+  EXPECT_EQ(b[1].text, "计算依据");
+  EXPECT_EQ(b[2].text, "\t《民用建筑电气设计手册》（湖南电气情报网编）p94 公式2.6.2-4,2.6.2-5");
+  EXPECT_EQ(b[3].text, "已知条件");
+  EXPECT_EQ(b[4].text,
+            "\t自然平均功率因数cosφ1=0.75\n\t补偿后功率因数cosφ2=0.95\n\t负荷系数α=0.75\n\t有功计算负荷Pjs=1000.00kW");
+  EXPECT_EQ(b[5].text, "计算公式和过程");
+  EXPECT_EQ(b[6].text,
+            "\t补偿系数 qc=TANφ1-TANφ2=0.88-0.33=0.55"
+            "\n\t计算补偿容量 Qc=αqc Pjs=0.75*0.55*1000.00=412.50kVar");
+  EXPECT_EQ(b[7].text, "计算结果");
+  EXPECT_EQ(b[8].text, "\t单个电容器额定容量=30.00kVar\n\t实际补偿容量=420.00kVar\n\t并联电容器数量=14");
+}
+
+TEST(WgglReport, DerivationFromLoadsWhenTheDialogValueMatchesItsSource) {
+  auto v = Example();
+  v.q_js = 882;  // (0.75·882)/(0.75·1000) gives cosφ1 ≈ 0.74997
+  const std::string text = BuildWgglReport(v)[6].text;
+  EXPECT_EQ(text.substr(0, text.find("\t补偿系数")),
+            "\t补偿前企业自然平均功率因数(正在设计中)"
+            "\n\tcosφ1=[1/(1+(βQjs/αPjs)<U>2</U>)]<U>0.5</U>={1/[1+((0.75*882.00)/(0.75*1000.00))<U>2</U>]}"
+            "<U>0.5</U>=0.75\n");
+  // The same loads with a power factor typed over it (0.01 or more away): no derivation.
+  v.cos_phi1 = 0.76;
+  EXPECT_EQ(BuildWgglReport(v)[6].text.rfind("\t补偿系数 qc=", 0), 0u);
+  // No active load: nothing to derive from.
+  v.cos_phi1 = 0.75;
+  v.p_js = 0;
+  EXPECT_EQ(BuildWgglReport(v)[6].text.rfind("\t补偿系数 qc=", 0), 0u);
+}
+
+TEST(WgglReport, DerivationFromEnergyForTheOtherOrNoRadio) {
+  auto v = Example();
+  v.w_m = 1000;
+  v.w_rm = 882;
+  const std::string expected =
+      "\t补偿前企业自然平均功率因数(已生产企业)"
+      "\n\tcosφ1=[1/(1+(Wrm/Wm)<U>2</U>)]<U>0.5</U>=[1/(1+(882.00/1000.00)<U>2</U>)]<U>0.5</U>=0.75\n"
+      "\t补偿系数 qc=";
+  // With the design radio selected the energy values are not looked at.
+  EXPECT_EQ(BuildWgglReport(v)[6].text.rfind("\t补偿系数 qc=", 0), 0u);
+  v.system = SystemKind::InUse;
+  EXPECT_EQ(BuildWgglReport(v)[6].text.rfind(expected, 0), 0u);
+  v.system = SystemKind::None;
+  EXPECT_EQ(BuildWgglReport(v)[6].text.rfind(expected, 0), 0u);
+  v.w_rm = 0;  // no reactive energy: no derivation
+  EXPECT_EQ(BuildWgglReport(v)[6].text.rfind("\t补偿系数 qc=", 0), 0u);
+}
+
+TEST(WgglReport, NegativeCapacityKeepsItsSign) {
+  auto v = Example();
+  v.cos_phi1 = 0.95;
+  v.cos_phi2 = 0.75;
+  const std::string text = BuildWgglReport(v)[6].text;
+  EXPECT_NE(text.find("\t补偿系数 qc=TANφ1-TANφ2=0.33-0.88=-0.55"), std::string::npos) << text;
+  EXPECT_NE(text.find("=0.75*-0.55*1000.00=-412.50kVar"), std::string::npos) << text;
+}
+
+TEST(WgglReport, ResultsWithoutACapacitorCountLeaveTheValuesBlankAsTheDialogDoes) {
+  auto v = Example();
+  v.rating = 25;  // the loaded rating's integer part
+  v.count.reset();
+  v.actual_capacity.reset();
+  EXPECT_EQ(BuildWgglReport(v)[8].text, "\t单个电容器额定容量=25.00kVar\n\t实际补偿容量=\n\t并联电容器数量=");
+}
+
+}  // namespace
