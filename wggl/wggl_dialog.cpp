@@ -8,7 +8,7 @@
 #include "wggl/wggl_formulas.h"
 #include "wggl/wggl_ids.h"
 #include "wggl/wggl_messages.h"
-#include "wggl/wggl_report_output.h"
+#include "services/report/report_blocks_writer.h"
 #include "wggl/wggl_subdialogs.h"
 
 using namespace kestra::wggl;
@@ -138,8 +138,12 @@ void CWgglbcDlg::OnReport() {
   OnCalc();
   if (!m_bCalculated) return;
   const kestra::report::Blocks blocks = BuildWgglReport(ReportValues());
+  ui::UiHost* host = ui::CurrentHost();
+  if (!host) return;
+  kestra::report::ReportRunOptions options;
+  options.title = kWgglReportTitle;
   ui::WaitCursor wait;
-  OutputWgglReport(blocks, [this](const std::string& message) { MessageBox(message); });
+  kestra::report::WriteReport(*host, [this](const std::string& message) { MessageBox(message); }, blocks, options);
 }
 
 void CWgglbcDlg::OnExplain() {
