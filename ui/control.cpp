@@ -103,7 +103,9 @@ std::string Control::GetLBText(int index) const {
 }
 
 int Control::SetCurSel(int index) {
-  if (index < -1 || index >= GetCount()) {
+  // A list view selects among its rows, the others among their items.
+  int count = kind_ == Kind::ListView ? GetItemCount() : GetCount();
+  if (index < -1 || index >= count) {
     // Out of range clears the selection, as the combo box does, and reports an error.
     cur_sel_ = -1;
     if (kind_ == Kind::Combo) text_.clear();

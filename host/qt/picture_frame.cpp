@@ -75,7 +75,6 @@ void PictureFrame::paintEvent(QPaintEvent* e) {
                               area.height() / static_cast<double>(picture_->height));
       double ox = area.left() + (area.width() - picture_->width * scale) / 2;
       double oy = area.top() + (area.height() - picture_->height * scale) / 2;
-      p.setRenderHint(QPainter::Antialiasing);
       for (const auto& l : picture_->lines) {
         p.setPen(QPen(SlideColor(l.color), 1));
         p.drawLine(QPointF(ox + l.x1 * scale, oy + l.y1 * scale), QPointF(ox + l.x2 * scale, oy + l.y2 * scale));
