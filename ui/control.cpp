@@ -103,7 +103,7 @@ std::string Control::GetLBText(int index) const {
 }
 
 int Control::SetCurSel(int index) {
-  // A list view selects among its rows, the others among their items.
+  // A list view selects among its rows, the other lists among their items.
   int count = kind_ == Kind::ListView ? GetItemCount() : GetCount();
   if (index < -1 || index >= count) {
     // Out of range clears the selection, as the combo box does, and reports an error.

@@ -435,6 +435,11 @@ class GroupView : public Common {
  public:
   explicit GroupView(QWidget* parent) : Common(group_ = new QGroupBox(parent)) {
     group_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    // The system's group box: the title sits on the frame's top line, at the top of the
+    // rectangle, and the inside is not shaded (the templates place controls close under it).
+    group_->setStyleSheet(QStringLiteral(
+        "QGroupBox { border: 1px solid palette(mid); border-radius: 0px; margin-top: 0.55em; }"
+        "QGroupBox::title { subcontrol-origin: margin; subcontrol-position: top left; left: 6px; padding: 0px 2px; }"));
   }
   void Show(const ui::Control& c) override {
     Place(c);
