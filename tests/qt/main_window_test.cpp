@@ -34,7 +34,9 @@ TEST(QtMainWindow, UnknownCommandsGetAClearLine) {
   EXPECT_TRUE(window.command_line()->text().isEmpty());
   // Without a module nothing can be run: the calculators are greyed.
   for (QAction* a : window.menuBar()->actions().front()->menu()->actions())
-    if (a->text() == QStringLiteral("无功功率补偿")) EXPECT_FALSE(a->isEnabled());
+    if (a->text() == QStringLiteral("无功功率补偿")) {
+      EXPECT_FALSE(a->isEnabled());
+    }
   // The session's lines go to the history.
   session.PrintLine("模块已加载");
   EXPECT_NE(History(window).find("模块已加载"), std::string::npos);
