@@ -17,6 +17,7 @@
 #include <QRadioButton>
 #include <QTabBar>
 #include <QTableWidget>
+#include <QTextCursor>
 #include <QTextEdit>
 #include <QToolButton>
 #include <QTreeWidget>
@@ -489,6 +490,14 @@ class TabView : public Common {
     panel_ = new QFrame(w_);
     panel_->setFrameStyle(QFrame::StyledPanel | QFrame::Raised);
     bar_ = new QTabBar(w_);
+    // Tabs as low as the system's, so that the pages placed just under them leave the
+    // captions whole.
+    bar_->setStyleSheet(QStringLiteral(
+        "QTabBar::tab { height: %1px; padding: 0px 8px; margin-top: 2px; margin-right: -1px;"
+        " border: 1px solid palette(mid); border-bottom: none; background: palette(button); }"
+        "QTabBar::tab:selected { margin-top: 0px; height: %2px; background: palette(window); }")
+                            .arg(kBarHeight - 3)
+                            .arg(kBarHeight - 1));
     bar_->setDrawBase(false);
     bar_->setExpanding(false);
     bar_->setUsesScrollButtons(true);
@@ -541,6 +550,9 @@ class RichTextView : public Common {
     if (shown_ && SameRichDocument(*shown_, *doc)) return;
     shown_ = *doc;
     FillTextDocument(*text_->document(), *doc);
+    // A page is read from its top.
+    text_->moveCursor(QTextCursor::Start);
+    text_->ensureCursorVisible();
   }
 
  private:

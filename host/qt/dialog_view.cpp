@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QDialog>
 #include <QEventLoop>
+#include <QGuiApplication>
 
 #include "host/qt/font_map.h"
 #include "ui/actions.h"
@@ -68,7 +69,7 @@ QWidget* DialogView::WidgetOf(const ui::Dialog& d) const {
 int DialogView::Exec() {
   if (!dlg_.IsEnded()) {
     window_->show();
-    window_->raise();
+    if (QGuiApplication::platformName() != QLatin1String("offscreen")) window_->raise();
     window_->activateWindow();
     QEventLoop loop;
     loop_ = &loop;

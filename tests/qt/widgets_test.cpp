@@ -178,6 +178,7 @@ TEST(QtWidgets, ListViewsTablesRichTextAndListsFollowAndAnswer) {
     bold.setPosition(1);
     EXPECT_EQ(bold.charFormat().fontWeight(), QFont::Bold);
     EXPECT_EQ(rich->document()->begin().blockFormat().alignment() & Qt::AlignHorizontal_Mask, Qt::AlignHCenter);
+    EXPECT_EQ(rich->textCursor().position(), 0);  // read from the top
 
     auto* list = qobject_cast<QListWidget*>(v.WidgetOf(*dlg.GetDlgItem(7004)));
     ASSERT_NE(list, nullptr);
