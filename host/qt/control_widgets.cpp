@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QEvent>
@@ -142,7 +143,7 @@ class Common : public ControlWidget {
 
 class LabelView : public Common {
  public:
-  LabelView(ui::Control& c, QWidget* parent) : Common(label_ = new QLabel(parent)) {
+  LabelView(ui::Control& c, QWidget* parent) : Common(new QLabel(parent)), label_(static_cast<QLabel*>(w_)) {
     label_->setTextFormat(Qt::PlainText);
     label_->setWordWrap(!HasStyle(c, "SS_LEFTNOWORDWRAP") && !HasStyle(c, "SS_SIMPLE"));
     label_->setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -165,7 +166,7 @@ class LabelView : public Common {
 
 class EditView : public Common {
  public:
-  EditView(ui::Control& c, QWidget* parent, ActionRouter& router) : Common(edit_ = new QLineEdit(parent)) {
+  EditView(ui::Control& c, QWidget* parent, ActionRouter& router) : Common(new QLineEdit(parent)), edit_(static_cast<QLineEdit*>(w_)) {
     validator_ = new FilterValidator(edit_);
     edit_->setValidator(validator_);
     ui::Control* id = &c;
@@ -184,9 +185,10 @@ class EditView : public Common {
     edit_->setAlignment(HorizontalOf(c.align()) | Qt::AlignVCenter);
     if (edit_->isReadOnly() != c.read_only()) {
       edit_->setReadOnly(c.read_only());
-      // A read-only edit shows the dialog's face colour, as the system draws it.
-      QPalette pal = edit_->parentWidget()->palette();
-      if (c.read_only()) pal.setColor(QPalette::Base, pal.color(QPalette::Window));
+      // A read-only edit shows the system's face colour (also on a white page).
+      QPalette pal = edit_->palette();
+      pal.setColor(QPalette::Base, c.read_only() ? QApplication::palette().color(QPalette::Window)
+                                                 : QApplication::palette().color(QPalette::Base));
       edit_->setPalette(pal);
     }
   }
@@ -198,7 +200,7 @@ class EditView : public Common {
 
 class ButtonView : public Common {
  public:
-  ButtonView(ui::Control& c, QWidget* parent, ActionRouter& router) : Common(button_ = new QPushButton(parent)) {
+  ButtonView(ui::Control& c, QWidget* parent, ActionRouter& router) : Common(new QPushButton(parent)), button_(static_cast<QPushButton*>(w_)) {
     ui::Control* id = &c;
     QObject::connect(button_, &QPushButton::clicked, button_,
                      [&router, id] { router.Act(id, [](ui::Control& k) { ui::act::Click(k); }); });
@@ -219,7 +221,7 @@ class ButtonView : public Common {
 template <class B>
 class CheckView : public Common {
  public:
-  CheckView(ui::Control& c, QWidget* parent, ActionRouter& router) : Common(button_ = new B(parent)) {
+  CheckView(ui::Control& c, QWidget* parent, ActionRouter& router) : Common(new B(parent)), button_(static_cast<B*>(w_)) {
     button_->setAutoExclusive(false);
     ui::Control* id = &c;
     QObject::connect(button_, &QAbstractButton::clicked, button_,
@@ -264,7 +266,7 @@ class ItemCache {
 class ComboView : public Common {
  public:
   ComboView(ui::Control& c, QWidget* parent, ActionRouter& router)
-      : Common(combo_ = new DropCombo(parent)), router_(router) {
+      : Common(new DropCombo(parent)), combo_(static_cast<DropCombo*>(w_)), router_(router) {
     combo_->setInsertPolicy(QComboBox::NoInsert);
     combo_->setMaxVisibleItems(12);
     ui::Control* id = &c;
@@ -318,7 +320,7 @@ class ComboView : public Common {
 
 class ListBoxView : public Common {
  public:
-  ListBoxView(ui::Control& c, QWidget* parent, ActionRouter& router) : Common(list_ = new QListWidget(parent)) {
+  ListBoxView(ui::Control& c, QWidget* parent, ActionRouter& router) : Common(new QListWidget(parent)), list_(static_cast<QListWidget*>(w_)) {
     ui::Control* id = &c;
     QObject::connect(list_, &QListWidget::currentRowChanged, list_, [&router, id](int row) {
       if (row >= 0 && !router.Showing()) router.Act(id, [row](ui::Control& k) { ui::act::Select(k, row); });
@@ -351,7 +353,7 @@ class ListBoxView : public Common {
 
 class ListViewView : public Common {
  public:
-  ListViewView(ui::Control& c, QWidget* parent, ActionRouter& router) : Common(tree_ = new QTreeWidget(parent)) {
+  ListViewView(ui::Control& c, QWidget* parent, ActionRouter& router) : Common(new QTreeWidget(parent)), tree_(static_cast<QTreeWidget*>(w_)) {
     tree_->setRootIsDecorated(false);
     tree_->setUniformRowHeights(true);
     tree_->setAllColumnsShowFocus(true);
@@ -434,7 +436,7 @@ class UpDownView : public Common {
 
 class GroupView : public Common {
  public:
-  explicit GroupView(QWidget* parent) : Common(group_ = new QGroupBox(parent)) {
+  explicit GroupView(QWidget* parent) : Common(new QGroupBox(parent)), group_(static_cast<QGroupBox*>(w_)) {
     group_->setAttribute(Qt::WA_TransparentForMouseEvents);
     // The system's group box: the title sits on the frame's top line, at the top of the
     // rectangle, and the inside is not shaded (the templates place controls close under it).
@@ -469,7 +471,7 @@ PictureFrame::Look LookOf(const ui::Control& c) {
 
 class FrameView : public Common {
  public:
-  FrameView(ui::Control& c, QWidget* parent) : Common(frame_ = new PictureFrame(LookOf(c), parent)) {}
+  FrameView(ui::Control& c, QWidget* parent) : Common(new PictureFrame(LookOf(c), parent)), frame_(static_cast<PictureFrame*>(w_)) {}
   void Show(const ui::Control& c) override {
     Place(c);
     frame_->SetPicture(c.picture());
@@ -533,7 +535,7 @@ class TabView : public Common {
 
 class RichTextView : public Common {
  public:
-  explicit RichTextView(QWidget* parent) : Common(text_ = new QTextEdit(parent)) {
+  explicit RichTextView(QWidget* parent) : Common(new QTextEdit(parent)), text_(static_cast<QTextEdit*>(w_)) {
     text_->setReadOnly(true);
     text_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   }

@@ -2,6 +2,8 @@
 
 #include <cstdlib>
 
+#include <gtest/gtest.h>
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
@@ -12,6 +14,24 @@
 
 namespace kestra::qt::testing {
 
+namespace {
+
+QApplication* g_app = nullptr;
+
+// The application goes when the tests are done, while Qt's own statics still stand.
+class AppEnvironment : public ::testing::Environment {
+ public:
+  void TearDown() override {
+    delete g_app;
+    g_app = nullptr;
+  }
+};
+
+[[maybe_unused]] ::testing::Environment* const kAppEnvironment =
+    ::testing::AddGlobalTestEnvironment(new AppEnvironment);
+
+}  // namespace
+
 void EnsureApp() {
   if (QApplication::instance()) return;
   // No display in the test environment: draw offscreen unless told otherwise.
@@ -19,7 +39,7 @@ void EnsureApp() {
   static int argc = 1;
   static char name[] = "test_qt";
   static char* argv[] = {name, nullptr};
-  new QApplication(argc, argv);
+  g_app = new QApplication(argc, argv);
 }
 
 QtScope::QtScope(const std::string& rc_text) {
