@@ -1,5 +1,6 @@
 #include "host/qt/window_mode.h"
 
+#include <cstdlib>
 #include <iostream>
 
 #include <QApplication>
@@ -13,7 +14,23 @@
 
 namespace kestra::qt {
 
+namespace {
+
+// Qt gives up with a crash when it finds no display; say what to do instead.
+bool HaveDisplay() {
+  for (const char* var : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+    if (const char* v = std::getenv(var); v && *v) return true;
+  return false;
+}
+
+}  // namespace
+
 int RunWindowMode(int argc, char** argv, const std::string& module_path, const std::string& initial_command) {
+  if (!HaveDisplay()) {
+    std::cerr << "kestra: no display for the window mode (DISPLAY is not set).\n"
+                 "Run the calculators headless instead: kestra --script FILE [--report-dir DIR]\n";
+    return 1;
+  }
   QApplication app(argc, argv);
   QApplication::setApplicationName(QStringLiteral("OrvelKestra"));
   QApplication::setStyle(QStringLiteral("Fusion"));
