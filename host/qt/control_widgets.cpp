@@ -11,6 +11,7 @@
 #include <QFocusEvent>
 #include <QGroupBox>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -94,6 +95,22 @@ class LeaveFilter : public QObject {
   std::function<void()> on_leave_;
 };
 
+// The arrow keys in an edit step its up-down control when that has UDS_ARROWKEYS.
+class ArrowKeyFilter : public QObject {
+ public:
+  ArrowKeyFilter(QObject* parent, std::function<bool(bool up)> on_arrow) : QObject(parent), on_arrow_(std::move(on_arrow)) {}
+  bool eventFilter(QObject* o, QEvent* e) override {
+    if (e->type() == QEvent::KeyPress) {
+      int key = static_cast<QKeyEvent*>(e)->key();
+      if ((key == Qt::Key_Up || key == Qt::Key_Down) && on_arrow_(key == Qt::Key_Up)) return true;
+    }
+    return QObject::eventFilter(o, e);
+  }
+
+ private:
+  std::function<bool(bool)> on_arrow_;
+};
+
 // Refuses the keystrokes a numeric edit refuses.
 class FilterValidator : public QValidator {
  public:
@@ -175,6 +192,16 @@ class EditView : public Common {
     });
     edit_->installEventFilter(new LeaveFilter(edit_, [&router, id] {
       router.Act(id, [](ui::Control& k) { ui::act::Leave(k); });
+    }));
+    edit_->installEventFilter(new ArrowKeyFilter(edit_, [&router, id](bool up) {
+      bool stepped = false;
+      router.Act(id, [up, &stepped](ui::Control& k) {
+        ui::Control* spin = ui::act::UpDownOf(k);
+        if (!spin || !HasStyle(*spin, "UDS_ARROWKEYS")) return;
+        stepped = true;
+        ui::act::Spin(*spin, up);
+      });
+      return stepped;
     }));
   }
   void Show(const ui::Control& c) override {

@@ -198,6 +198,11 @@ TEST(QtRenderer, TheDesignersInputReachesTheModelAndItsHandlers) {
     QTest::mouseClick(spin->findChild<QToolButton*>(QStringLiteral("up")), Qt::LeftButton);
     QTest::mouseClick(spin->findChild<QToolButton*>(QStringLiteral("down")), Qt::LeftButton);
     EXPECT_EQ(dlg.deltas, (std::vector<int>{-1, 1}));
+    // UDS_ARROWKEYS: the arrow keys in the buddy step too.
+    QTest::keyClick(cos1, Qt::Key_Up);
+    EXPECT_EQ(dlg.deltas, (std::vector<int>{-1, 1, -1}));
+    QTest::keyClick(count, Qt::Key_Up);  // no up-down there: nothing steps
+    EXPECT_EQ(dlg.deltas.size(), 3u);
 
     // An auto radio checks itself and clears its group; a click on it again still notifies.
     auto* radio2 = WidgetAs<QRadioButton>(v, dlg.GetDlgItem(IDC_RADIO2));
