@@ -1,0 +1,165 @@
+// What the Qt host offers besides dialogs: message boxes with their buttons and answers,
+// font measures of the mapped CJK fonts, report places, the wait cursor.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include <QApplication>
+#include <QDateTime>
+#include <QFontInfo>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+
+#include "host/qt/font_map.h"
+#include "host/qt/report_path.h"
+#include "qt_test_support.h"
+#include "test_dialogs.h"
+
+namespace kestra::qt::testing {
+namespace {
+
+namespace fs = std::filesystem;
+
+TEST(QtHost, MessageBoxesAnswerWithTheButtonPressed) {
+  QtScope scope(kTestRc);
+  QtUiHost& host = scope.host();
+  std::string text, title;
+  AnswerNextMessageBox("确定", &text, &title);
+  EXPECT_EQ(host.MessageBox("补偿容量结果不能为负", "警告", ui::MB_OK), ui::IDOK);
+  EXPECT_EQ(text, "补偿容量结果不能为负");
+  EXPECT_EQ(title, "警告");
+
+  // No caption: the application title.
+  host.SetAppTitle("OrvelKestra");
+  AnswerNextMessageBox("取消", &text, &title);
+  EXPECT_EQ(host.MessageBox("继续吗?", "", ui::MB_OKCANCEL | ui::MB_ICONQUESTION), ui::IDCANCEL);
+  EXPECT_EQ(title, "OrvelKestra");
+
+  AnswerNextMessageBox("是(&Y)");
+  EXPECT_EQ(host.MessageBox("保存?", "提示", ui::MB_YESNO), ui::IDYES);
+  AnswerNextMessageBox("否(&N)");
+  EXPECT_EQ(host.MessageBox("保存?", "提示", ui::MB_YESNOCANCEL), ui::IDNO);
+}
+
+TEST(QtHost, MessageBoxesHaveTheDefaultButtonAndIconOfTheirType) {
+  QtScope scope(kTestRc);
+  QMessageBox::Icon icon = QMessageBox::NoIcon;
+  std::string default_text;
+  QTimer::singleShot(0, [&] {
+    for (QWidget* w : QApplication::topLevelWidgets())
+      if (auto* box = qobject_cast<QMessageBox*>(w); box && box->isVisible()) {
+        icon = box->icon();
+        default_text = box->defaultButton()->text().toStdString();
+        box->defaultButton()->click();
+      }
+  });
+  int answer = scope.host().MessageBox("找不到文件Djqd.slb, 程序调用失败!", "错误!",
+                                       ui::MB_YESNO | ui::MB_ICONINFORMATION | ui::MB_DEFBUTTON2);
+  EXPECT_EQ(icon, QMessageBox::Information);
+  EXPECT_EQ(default_text, "否(&N)");
+  EXPECT_EQ(answer, ui::IDNO);
+
+  QTimer::singleShot(0, [&] {
+    for (QWidget* w : QApplication::topLevelWidgets())
+      if (auto* box = qobject_cast<QMessageBox*>(w); box && box->isVisible()) {
+        icon = box->icon();
+        box->close();  // Escape / close box: the only button
+      }
+  });
+  EXPECT_EQ(scope.host().MessageBox("x", "警告", ui::MB_OK | ui::MB_ICONWARNING), ui::IDOK);
+  EXPECT_EQ(icon, QMessageBox::Warning);
+}
+
+TEST(QtHost, DialogFontsMapToTheInstalledCjkFonts) {
+  EnsureApp();
+  ui::Font songti;  // 9-point 宋体, the calculators' dialog font
+  songti.face = "宋体";
+  songti.height = ui::HeightFromPoints(9);
+  EXPECT_EQ(songti.height, -12);
+  EXPECT_EQ(QFontInfo(FontFor(songti)).family().toStdString(), "Noto Serif CJK SC");
+  ui::Font shell;
+  shell.face = "MS Shell Dlg";
+  shell.height = ui::HeightFromPoints(8);
+  EXPECT_EQ(QFontInfo(FontFor(shell)).family().toStdString(), "Noto Sans CJK SC");
+  EXPECT_EQ(QFontInfo(FontFor(songti)).pixelSize(), 12);
+
+  QtUiHost host;
+  ui::Size base = host.BaseUnits(songti);
+  // Latin letters of a 12-pixel font average 6 to 8 pixels; a line is taller than the font.
+  EXPECT_GE(base.cx, 6);
+  EXPECT_LE(base.cx, 8);
+  EXPECT_GE(base.cy, 12);
+  EXPECT_LE(base.cy, 20);
+  // Chinese characters are square: 8 of them are 8 × 12 pixels wide, whatever the Latin width.
+  ui::Size ext = host.TextExtent("自然平均功率因数", songti);
+  EXPECT_EQ(ext.cx, 96);
+  EXPECT_EQ(ext.cy, base.cy);
+  EXPECT_GT(host.TextExtent("自然平均功率因数:", songti).cx, 96);
+  // A label sized in dialog units for the 6-pixel system font still holds its text here.
+  EXPECT_GE((70 * base.cx + 2) / 4, host.TextExtent("自然平均功率因数:", songti).cx);
+}
+
+TEST(QtHost, ReportsGoToNewFilesInTheirOwnFolder) {
+  EnsureApp();
+  fs::path root = fs::temp_directory_path() / ("kestra_qt_reports_" + std::to_string(::getpid()));
+  fs::remove_all(root);
+  fs::path folder = root / "Documents" / "OrvelKestra";
+  QDateTime when(QDate(2026, 11, 22), QTime(9, 5, 7));
+  auto first = NewReportPathIn(folder.string(), "无功功率补偿", when);
+  ASSERT_TRUE(first);
+  EXPECT_EQ(*first, (folder / "无功功率补偿 2026-11-22 090507.docx").string());
+  EXPECT_TRUE(fs::is_directory(folder));
+  std::ofstream(*first) << "x";
+  auto second = NewReportPathIn(folder.string(), "无功功率补偿", when);
+  ASSERT_TRUE(second);
+  EXPECT_EQ(*second, (folder / "无功功率补偿 2026-11-22 090507 (2).docx").string());
+  // A title never leads out of the folder.
+  auto odd = NewReportPathIn(folder.string(), "../电压/损失", when);
+  ASSERT_TRUE(odd);
+  EXPECT_EQ(fs::path(*odd).parent_path(), folder);
+  // A folder that cannot be made (a file stands in the way): no path.
+  std::ofstream(root / "blocked") << "x";
+  EXPECT_FALSE(NewReportPathIn((root / "blocked" / "OrvelKestra").string(), "柴油发电机组容量计算", when));
+
+  // The host: its folder, the opener and the status line.
+  QtUiHost host;
+  host.SetReportFolder(folder.string());
+  std::string opened, status;
+  host.SetReportOpener([&](const std::string& p) {
+    opened = p;
+    return true;
+  });
+  host.SetStatusSink([&](const std::string& s) { status = s; });
+  auto path = host.NewReportPath("柴油发电机组容量计算");
+  ASSERT_TRUE(path);
+  EXPECT_EQ(fs::path(*path).parent_path(), folder);
+  EXPECT_EQ(fs::path(*path).extension(), ".docx");
+  host.ShowReport(*path);
+  EXPECT_EQ(opened, *path);
+  EXPECT_NE(status.find(*path), std::string::npos);
+  fs::remove_all(root);
+}
+
+TEST(QtHost, WaitCursorNestsAndIsLiftedOverDialogs) {
+  QtScope scope(kTestRc);
+  QtUiHost& host = scope.host();
+  {
+    ui::WaitCursor outer;
+    ui::WaitCursor inner;
+    EXPECT_EQ(host.wait_cursor_depth(), 2);
+    ASSERT_NE(QApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    ui::Dialog dlg(IDD_SUB);
+    bool lifted = false;
+    RunWith(host, dlg, [&](DialogView&) { lifted = QApplication::overrideCursor() == nullptr; });
+    EXPECT_TRUE(lifted);
+    EXPECT_NE(QApplication::overrideCursor(), nullptr);
+  }
+  EXPECT_EQ(host.wait_cursor_depth(), 0);
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+}  // namespace
+}  // namespace kestra::qt::testing
