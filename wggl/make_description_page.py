@@ -45,11 +45,11 @@ def marked(text):
 
 
 def title(text):
-    return "\\pard\\qc\\sb120\\sa120{\\b\\fs32 " + esc(text) + "}\\par\n"
+    return "\\pard\\qc\\sb120\\sa120{\\b\\fs32 " + marked(text) + "}\\par\n"
 
 
 def heading(text):
-    return "\\pard\\ql\\sb120\\sa60{\\b\\fs24 " + esc(text) + "}\\par\n"
+    return "\\pard\\ql\\sb120\\sa60{\\b\\fs24 " + marked(text) + "}\\par\n"
 
 
 def para(text, indent=True):
