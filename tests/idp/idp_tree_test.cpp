@@ -85,7 +85,9 @@ TEST_F(IdpTreeTest, HandWrittenFileReadsWithValuesLengthsAndDefaults) {
   };
   for (const auto& c : cases) {
     EXPECT_EQ(ValueOr(tree, c.key, "-"), c.text) << c.key;
-    if (c.length) EXPECT_EQ(tree.GetSubValueFromPathW(0, c.key)->Length(), c.length) << c.key;
+    if (c.length) {
+      EXPECT_EQ(tree.GetSubValueFromPathW(0, c.key)->Length(), c.length) << c.key;
+    }
   }
   EXPECT_EQ(tree.GetSubValueFromPathW(0, "F")->Children().size(), 2u);
   EXPECT_EQ(tree.GetSubValueFromPathW(0, "F\\B")->Children().size(), 3u);

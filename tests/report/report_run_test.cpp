@@ -66,7 +66,9 @@ TEST_F(RunReportTest, NoPathNoFolderOrAReadOnlyFolderMeansWordCouldNotStart) {
   for (const auto& path : paths) {
     target_.path = path;
     EXPECT_FALSE(Write(body));
-    if (path) EXPECT_FALSE(fs::exists(*path)) << *path;
+    if (path) {
+      EXPECT_FALSE(fs::exists(*path)) << *path;
+    }
   }
   options_.open_failure_message = kestra::report::kDieselOpenFailureMessage;
   EXPECT_FALSE(Write(body));
@@ -141,22 +143,19 @@ TEST_F(RunReportTest, FailuresInTheBodyLeaveNoFileAndSayWhatHappened) {
 TEST_F(RunReportTest, UniqueReportPathsAreReadableAndFree) {
   std::tm t{};
   t.tm_year = 2026 - 1900, t.tm_mon = 10, t.tm_mday = 22, t.tm_hour = 9, t.tm_min = 5, t.tm_sec = 7;
-  const std::string dir = dir_.string();
-  const std::string first = UniqueReportPath(dir, "无功功率补偿计算书", t);
-  EXPECT_EQ(first, dir + "/无功功率补偿计算书 2026-11-22 090507.docx");
-  std::ofstream(first) << "x";
-  const std::string second = UniqueReportPath(dir + "/", "无功功率补偿计算书", t);
-  EXPECT_EQ(second, dir + "/无功功率补偿计算书 2026-11-22 090507 (2).docx");
-  std::ofstream(second) << "x";
-  EXPECT_EQ(UniqueReportPath(dir, "无功功率补偿计算书", t), dir + "/无功功率补偿计算书 2026-11-22 090507 (3).docx");
-  // Names a file system would refuse or hide.
-  EXPECT_EQ(UniqueReportPath(dir, "a/b\\c:d*e?\"<>|\t", t), dir + "/a_b_c_d_e______ 2026-11-22 090507.docx");
-  EXPECT_EQ(UniqueReportPath(dir, " ..", t), dir + "/计算书 2026-11-22 090507.docx");
-  const std::string long_title(300, 'x');
-  const std::string cut = fs::path(UniqueReportPath(dir, "计" + long_title, t)).filename().string();
-  EXPECT_LE(cut.size(), 255u - 4);
+  const std::string dir = dir_.string(), stamp = " 2026-11-22 090507";
+  const auto name = [&](const std::string& title) { return fs::path(UniqueReportPath(dir, title, t)).filename().string(); };
+  // A taken name gets a number; a "/" after the folder changes nothing.
+  for (const char* suffix : {"", " (2)", " (3)"}) {
+    const std::string path = UniqueReportPath(*suffix == ' ' ? dir + "/" : dir, "无功功率补偿计算书", t);
+    EXPECT_EQ(path, dir + "/无功功率补偿计算书" + stamp + suffix + ".docx");
+    std::ofstream(path) << "x";
+  }
+  // Names a file system would refuse, hide or find too long.
+  EXPECT_EQ(name("a/b\\c:d*e?\"<>|\t"), "a_b_c_d_e______" + stamp + ".docx");
+  EXPECT_EQ(name(" .."), "计算书" + stamp + ".docx");
+  EXPECT_LE(name("计" + std::string(300, 'x')).size(), 255u - 4);
   std::string chinese;
   for (int i = 0; i < 100; ++i) chinese += "电";
-  const std::string name = fs::path(UniqueReportPath(dir, chinese, t)).filename().string();
-  EXPECT_EQ(name, chinese.substr(0, 198) + " 2026-11-22 090507.docx");  // cut between characters
+  EXPECT_EQ(name(chinese), chinese.substr(0, 198) + stamp + ".docx");  // cut between characters
 }

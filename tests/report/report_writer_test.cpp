@@ -41,10 +41,8 @@ TEST_F(WriterTest, LineFeedsSplitTheParagraphKeepingStyleAndAlignment) {
 TEST_F(WriterTest, ScriptRunsAreFollowedByOnePlainSpace) {
   w.WriteMarkedText("P<L>js</L>=1000kW, x<U>2</U><5");
   ASSERT_EQ(paras().size(), 1u);
-  EXPECT_EQ(paras()[0].runs, (std::vector<RunT>{{"P", RunKind::kPlain},
-                                               {"js", RunKind::kSubscript},
-                                               {" =1000kW, x", RunKind::kPlain},
-                                               {"2<", RunKind::kSuperscript},
+  EXPECT_EQ(paras()[0].runs, (std::vector<RunT>{{"P", RunKind::kPlain}, {"js", RunKind::kSubscript},
+                                               {" =1000kW, x", RunKind::kPlain}, {"2<", RunKind::kSuperscript},
                                                {" 5", RunKind::kPlain}}));
   w.InsertScriptRun("a\nb", false);  // a line feed inside a script run splits it too
   ASSERT_EQ(paras().size(), 2u);
@@ -63,12 +61,10 @@ TEST_F(WriterTest, PlainBlocksKeepMarksLiteral) {
 }
 
 TEST_F(WriterTest, StyleNamesAsWordKnowsThem) {
-  w.SetParagraphStyle("Heading 1", 0);
-  EXPECT_EQ(paras().back().style_id, "Heading1");
-  w.SetParagraphStyle("HEADING 2", 0);
-  EXPECT_EQ(paras().back().style_id, "Heading2");
-  w.SetParagraphStyle("正文", 0);
-  EXPECT_EQ(paras().back().style_id, "Normal");
+  for (const auto& [name, id] : {std::pair{"Heading 1", "Heading1"}, {"HEADING 2", "Heading2"}, {"正文", "Normal"}}) {
+    w.SetParagraphStyle(name, 0);
+    EXPECT_EQ(paras().back().style_id, id) << name;
+  }
   try {
     w.SetParagraphStyle("标题 9", 0);
     FAIL() << "an unknown style must be refused";
@@ -83,24 +79,21 @@ TEST_F(WriterTest, StyleNamesAsWordKnowsThem) {
   EXPECT_EQ(paras().back().style_id, "Normal");  // a refused call changes nothing
 }
 
-TEST(ReportWriter, OpeningDocumentFontAndUseBeforeOpening) {
-  ReportWriter w;
-  EXPECT_THROW(w.InsertPlainRun("x"), std::logic_error);
-  EXPECT_THROW(w.NewParagraph(), std::logic_error);
-  ASSERT_TRUE(w.OpenReport());  // one empty body paragraph
-  ASSERT_EQ(w.Document().paragraphs.size(), 1u);
-  EXPECT_EQ(w.Document().paragraphs[0].style_id, "Normal");
-  EXPECT_FALSE(w.Document().paragraphs[0].alignment.has_value());
-  EXPECT_TRUE(w.Document().paragraphs[0].runs.empty());
-  w.InsertPlainRun("x");
-  w.SetDocumentFont("宋体");
-  EXPECT_EQ(w.Document().east_asian_font, "宋体");
-  EXPECT_FALSE(w.HeaderDone());
-  w.MarkHeaderDone();
-  EXPECT_TRUE(w.HeaderDone());
-  w.OpenReport();  // a new document starts afresh
-  EXPECT_TRUE(w.Document().east_asian_font.empty());
-  EXPECT_EQ(w.Document().paragraphs.size(), 1u);
-  EXPECT_TRUE(w.Document().paragraphs[0].runs.empty());
-  EXPECT_FALSE(w.HeaderDone());
+TEST_F(WriterTest, OpeningDocumentFontAndUseBeforeOpening) {
+  ReportWriter unopened;
+  EXPECT_THROW(unopened.InsertPlainRun("x"), std::logic_error);
+  EXPECT_THROW(unopened.NewParagraph(), std::logic_error);
+  for (int round = 0; round < 2; ++round) {  // a new document starts afresh
+    ASSERT_EQ(paras().size(), 1u);  // one empty body paragraph
+    EXPECT_EQ(paras()[0].style_id, "Normal");
+    EXPECT_FALSE(paras()[0].alignment.has_value());
+    EXPECT_TRUE(paras()[0].runs.empty());
+    EXPECT_TRUE(w.Document().east_asian_font.empty());
+    EXPECT_FALSE(w.HeaderDone());
+    w.InsertPlainRun("x");
+    w.SetDocumentFont("宋体");
+    w.MarkHeaderDone();
+    EXPECT_TRUE(w.HeaderDone());
+    w.OpenReport();
+  }
 }
