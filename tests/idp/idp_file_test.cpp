@@ -42,6 +42,11 @@ class IdpFileTest : public IdpFolderTest {
     ::waitpid(pid, &status, 0);
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
   }
+  // After a write that did not happen: the old text, and no temporary beside it.
+  void ExpectOnlyTheOldFile(const std::string& path) const {
+    EXPECT_EQ(Get(path), kGoodText);
+    EXPECT_EQ(Entries(), std::vector<std::string>{"p.idp"});
+  }
 };
 
 class CorruptFileTest : public IdpFileTest, public ::testing::WithParamInterface<const char*> {};
@@ -70,18 +75,17 @@ TEST_P(CorruptFileTest, IsKeptAsideAndReadsEmptyThenTheNextReadIsClean) {
 
 INSTANTIATE_TEST_SUITE_P(Kinds, CorruptFileTest,
                          ::testing::Values("no equals sign\n", "A\\\\B=empty name\n", "\\A=leading\n",
-                                           "A\\=trailing\n", "Top=1\n\\A=after a top key\n", "=no key\n", "A=bad \\q escape\n",
-                                           "A=ends in a lone \\\n", "A=\xFF\xFE\n", "A=\xE4\xB8\n",
-                                           "A\x01=control\n", "A=\xC0\xAF overlong\n"));
+                                           "A\\=trailing\n", "Top=1\n\\A=after a top key\n", "=no key\n",
+                                           "A=bad \\q escape\n", "A=ends in a lone \\\n", "A=\xFF\xFE\n",
+                                           "A=\xE4\xB8\n", "A\x01=control\n", "A=\xC0\xAF overlong\n"));
 
 TEST_F(IdpFileTest, RepeatedUnreadableFilesGetDistinctNames) {
-  const std::string path = Path("x.idp");
   CInterDpData tree;
   for (int i = 0; i < 3; ++i) {
-    Put(path, "garbage " + std::to_string(i) + "\n");
-    EXPECT_EQ(tree.ReadDataFromIdpFile(path), kUnreadableFile);
+    Put(Path("x.idp"), "garbage " + std::to_string(i) + "\n");
+    EXPECT_EQ(tree.ReadDataFromIdpFile(Path("x.idp")), kUnreadableFile);
   }
-  auto aside = EntriesStartingWith("x.idp.unreadable-");
+  const auto aside = EntriesStartingWith("x.idp.unreadable-");
   ASSERT_EQ(aside.size(), 3u);
   std::set<std::string> contents;
   for (const auto& name : aside) contents.insert(Get(Path(name)));
@@ -105,45 +109,58 @@ TEST_F(IdpFileTest, UnwritablePlacesReportFailureWithoutThrowing) {
   EXPECT_EQ(Entries(), (std::vector<std::string>{"folder.idp", "plain"}));  // no temporary left
 }
 
-TEST_F(IdpFileTest, AnUnchangedTreeLeavesTheFileAlone) {
-  const std::string path = Path("p.idp");
-  Put(path, kGoodText);
-  auto inode = [&] {
+// Missing folders are made, an unchanged tree leaves the file alone, and a link stays a link.
+TEST_F(IdpFileTest, WhereAndWhetherAWriteLands) {
+  CInterDpData fresh;
+  SetValue(fresh, "A", "1");
+  ASSERT_EQ(fresh.WriteDataToIdpFile(Path("root/Kestra/无功功率补偿计算.idp")), kOk);
+  EXPECT_EQ(Get(Path("root/Kestra/无功功率补偿计算.idp")), "; OrvelKestra parameter file\nA=1\n");
+
+  fs::create_directories(dir_ / "real");
+  const std::string real = Path("real/p.idp");
+  Put(real, kGoodText);
+  fs::create_symlink(real, dir_ / "p.idp");
+  const auto inode = [&] {
     struct stat st;
-    return ::stat(path.c_str(), &st) == 0 ? st.st_ino : 0;
+    return ::stat(real.c_str(), &st) == 0 ? st.st_ino : 0;
   };
   const auto before = inode();
   CInterDpData tree;
-  ASSERT_EQ(tree.ReadDataFromIdpFile(path), kOk);
-  ASSERT_EQ(tree.WriteDataToIdpFile(path), kOk);
+  ASSERT_EQ(tree.ReadDataFromIdpFile(Path("p.idp")), kOk);
+  ASSERT_EQ(tree.WriteDataToIdpFile(Path("p.idp")), kOk);
   EXPECT_EQ(inode(), before);  // not replaced
   SetValue(tree, "Wgglbc\\Zrglys", "0.76");
-  ASSERT_EQ(tree.WriteDataToIdpFile(path), kOk);
+  ASSERT_EQ(tree.WriteDataToIdpFile(Path("p.idp")), kOk);
   EXPECT_NE(inode(), before);  // replaced by a new file
-  EXPECT_NE(Get(path).find("Wgglbc\\Zrglys=0.76\n"), std::string::npos);
+  EXPECT_TRUE(fs::is_symlink(dir_ / "p.idp"));
+  EXPECT_NE(Get(real).find("Wgglbc\\Zrglys=0.76\n"), std::string::npos);
 }
 
-TEST_F(IdpFileTest, MissingFoldersAreCreated) {
-  CInterDpData tree;
-  SetValue(tree, "A", "1");
-  const std::string path = Path("root/Kestra/无功功率补偿计算.idp");
-  ASSERT_EQ(tree.WriteDataToIdpFile(path), kOk);
-  EXPECT_EQ(Get(path), "; OrvelKestra parameter file\nA=1\n");
-}
-
-TEST_F(IdpFileTest, AWriteInterruptedBeforeTheRenameLeavesTheOldFile) {
+TEST_F(IdpFileTest, AWriterThatFindsTheDiskFullOrDiesLeavesTheOldFile) {
   const std::string path = Path("p.idp");
   Put(path, kGoodText);
+  // A file-size limit makes the kernel refuse the write the way a full disk does.
+  ASSERT_EQ(InChild([&] {
+              ::signal(SIGXFSZ, SIG_IGN);
+              struct rlimit limit = {64, 64};
+              if (::setrlimit(RLIMIT_FSIZE, &limit) != 0) return 10;
+              CInterDpData big;
+              for (int i = 0; i < 100; ++i) SetValue(big, "Key" + std::to_string(i), std::string(20, 'x'));
+              return big.WriteDataToIdpFile(path) == kWriteFailed ? 0 : 11;
+            }),
+            0);
+  ExpectOnlyTheOldFile(path);
+
   // The process dies with the new text written but not yet in place.
-  int status = InChild([&] {
-    testing::SetBeforeRenameHook([](const std::string&) -> bool { ::_exit(42); });
-    CInterDpData tree;
-    tree.ReadDataFromIdpFile(path);
-    SetValue(tree, "Wgglbc\\Zrglys", "0.5");
-    tree.WriteDataToIdpFile(path);
-    return 0;
-  });
-  ASSERT_EQ(status, 42);
+  ASSERT_EQ(InChild([&] {
+              testing::SetBeforeRenameHook([](const std::string&) -> bool { ::_exit(42); });
+              CInterDpData tree;
+              tree.ReadDataFromIdpFile(path);
+              SetValue(tree, "Wgglbc\\Zrglys", "0.5");
+              tree.WriteDataToIdpFile(path);
+              return 0;
+            }),
+            42);
   EXPECT_EQ(Get(path), kGoodText);
   CInterDpData tree;
   EXPECT_EQ(tree.ReadDataFromIdpFile(path), kOk);
@@ -168,8 +185,7 @@ TEST_F(IdpFileTest, AWriteThatFailsBeforeTheRenameCleansUp) {
   EXPECT_NE(seen.find("Wgglbc\\Zrglys=0.5\n"), std::string::npos);
   testing::SetBeforeRenameHook([](const std::string&) -> bool { throw std::runtime_error("boom"); });
   EXPECT_EQ(tree.WriteDataToIdpFile(path), kWriteFailed);
-  EXPECT_EQ(Get(path), kGoodText);
-  EXPECT_EQ(Entries(), std::vector<std::string>{"p.idp"});
+  ExpectOnlyTheOldFile(path);
 
   testing::SetBeforeRenameHook({});
   ASSERT_EQ(tree.WriteDataToIdpFile(path), kOk);
@@ -178,54 +194,33 @@ TEST_F(IdpFileTest, AWriteThatFailsBeforeTheRenameCleansUp) {
   EXPECT_EQ(st.st_mode & 0777, 0640u);  // the file keeps its permissions
 }
 
-TEST_F(IdpFileTest, AFullDiskLeavesTheOldFile) {
-  const std::string path = Path("p.idp");
-  Put(path, kGoodText);
-  // A file-size limit makes the kernel refuse the write the way a full disk does.
-  int status = InChild([&] {
-    ::signal(SIGXFSZ, SIG_IGN);
-    struct rlimit limit = {64, 64};
-    if (::setrlimit(RLIMIT_FSIZE, &limit) != 0) return 10;
-    CInterDpData tree;
-    for (int i = 0; i < 100; ++i) SetValue(tree, "Key" + std::to_string(i), std::string(20, 'x'));
-    return tree.WriteDataToIdpFile(path) == kWriteFailed ? 0 : 11;
-  });
-  ASSERT_EQ(status, 0);
-  EXPECT_EQ(Get(path), kGoodText);
-  EXPECT_EQ(Entries(), std::vector<std::string>{"p.idp"});
-}
-
-TEST_F(IdpFileTest, WritingThroughALinkKeepsTheLink) {
-  fs::create_directories(dir_ / "real");
-  Put(Path("real/p.idp"), kGoodText);
-  fs::create_symlink(dir_ / "real/p.idp", dir_ / "p.idp");
-  CInterDpData tree;
-  ASSERT_EQ(tree.ReadDataFromIdpFile(Path("p.idp")), kOk);
-  SetValue(tree, "New", "1");
-  ASSERT_EQ(tree.WriteDataToIdpFile(Path("p.idp")), kOk);
-  EXPECT_TRUE(fs::is_symlink(dir_ / "p.idp"));
-  EXPECT_NE(Get(Path("real/p.idp")).find("New=1\n"), std::string::npos);
-}
-
 TEST_F(IdpFileTest, ConcurrentWritersNeverLeaveABrokenFile) {
   const std::string path = Path("shared.idp");
   constexpr int kKeys = 200;
-  constexpr int kWrites = 150;
+  const auto key = [](int k) { return "Cal\\Key" + std::to_string(k); };
   // Every write holds one marker in all its keys, so a read that mixes two writes shows.
-  auto write_many = [&](const std::string& who) {
-    for (int w = 0; w < kWrites; ++w) {
+  const auto write_many = [&](const std::string& who) {
+    for (int w = 0; w < 150; ++w) {
       CInterDpData tree;
       const std::string marker = who + "-" + std::to_string(w) + std::string(w % 7, ' ');
-      for (int k = 0; k < kKeys; ++k) SetValue(tree, "Cal\\Key" + std::to_string(k), marker);
+      for (int k = 0; k < kKeys; ++k) SetValue(tree, key(k), marker);
       if (tree.WriteDataToIdpFile(path) != kOk) return 1;
     }
     return 0;
   };
-  {
-    CInterDpData first;
-    SetValue(first, "Cal\\Key0", "start");
-    ASSERT_EQ(first.WriteDataToIdpFile(path), kOk);
-  }
+  const auto whole = [&] {
+    CInterDpData tree;
+    if (tree.ReadDataFromIdpFile(path) != kOk) return false;
+    const std::string first = ValueOr(tree, key(0), "");
+    if (first.empty()) return false;
+    if (first == "start") return true;
+    for (int k = 1; k < kKeys; ++k)
+      if (ValueOr(tree, key(k), "") != first) return false;
+    return true;
+  };
+  CInterDpData start;
+  SetValue(start, key(0), "start");
+  ASSERT_EQ(start.WriteDataToIdpFile(path), kOk);
   std::vector<pid_t> children;
   for (const char* who : {"A", "B"}) {
     pid_t pid = ::fork();
@@ -239,37 +234,16 @@ TEST_F(IdpFileTest, ConcurrentWritersNeverLeaveABrokenFile) {
     }
     children.push_back(pid);
   }
-  int reads = 0;
-  int bad = 0;
+  int reads = 0, bad = 0;
   while (!children.empty()) {
-    for (auto it = children.begin(); it != children.end();) {
+    std::erase_if(children, [](pid_t pid) {
       int status = 0;
-      if (::waitpid(*it, &status, WNOHANG) == *it) {
-        EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "a writer failed";
-        it = children.erase(it);
-      } else {
-        ++it;
-      }
-    }
-    CInterDpData tree;
+      if (::waitpid(pid, &status, WNOHANG) != pid) return false;
+      EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "a writer failed";
+      return true;
+    });
     ++reads;
-    if (tree.ReadDataFromIdpFile(path) != kOk) {
-      ++bad;
-      continue;
-    }
-    const IdpNode* first = tree.GetSubValueFromPathW(0, "Cal\\Key0");
-    if (!first) {
-      ++bad;
-      continue;
-    }
-    if (first->Text() == "start") continue;
-    for (int k = 0; k < kKeys; ++k) {
-      const IdpNode* node = tree.GetSubValueFromPathW(0, "Cal\\Key" + std::to_string(k));
-      if (!node || node->Text() != first->Text()) {
-        ++bad;
-        break;
-      }
-    }
+    if (!whole()) ++bad;
   }
   EXPECT_EQ(bad, 0) << "of " << reads << " reads";
   EXPECT_GT(reads, 10);

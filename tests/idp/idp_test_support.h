@@ -1,7 +1,7 @@
 #pragma once
 // A fresh folder per test and small file helpers for the parameter-file tests.
 #include <gtest/gtest.h>
-#include <unistd.h>
+#include <stdlib.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -17,13 +17,9 @@ namespace fs = std::filesystem;
 class IdpFolderTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
-    std::string name = "kestra_idp_" + std::to_string(::getpid()) + "_" + info->test_suite_name() + "_" +
-                       info->name();
-    std::replace(name.begin(), name.end(), '/', '_');  // parameterised tests have "/" in their names
-    dir_ = fs::temp_directory_path() / name;
-    fs::remove_all(dir_);
-    fs::create_directories(dir_);
+    std::string pattern = (fs::temp_directory_path() / "kestra_idp_XXXXXX").string();
+    ASSERT_NE(::mkdtemp(pattern.data()), nullptr);
+    dir_ = pattern;
   }
   void TearDown() override {
     std::error_code ec;

@@ -48,67 +48,59 @@ TEST_F(IdpTreeTest, FileTextFollowsTheSharedFormat) {
   SetValue(tree, "中文", " 电压 ");
   const std::string path = Path("format.idp");
   ASSERT_EQ(tree.WriteDataToIdpFile(path), kOk);
-  EXPECT_EQ(Get(path),
-            "; OrvelKestra parameter file\n"
-            "A\\B=x\\ny\\\\z\\t=\n"
-            "A\\B\\C=2\n"
-            "中文= 电压 \n");
+  EXPECT_EQ(Get(path), "; OrvelKestra parameter file\nA\\B=x\\ny\\\\z\\t=\nA\\B\\C=2\n中文= 电压 \n");
 }
 
-TEST_F(IdpTreeTest, ReadsCommentsBlankLinesBomAndCrLf) {
+// A file edited by hand: comments, blank lines, a BOM, CR LF, repeated keys, interleaved folders.
+TEST_F(IdpTreeTest, HandWrittenFileReadsWithValuesLengthsAndDefaults) {
   const std::string path = Path("hand.idp");
-  Put(path, "\xEF\xBB\xBF; edited by hand\r\n\r\n   \nA\\B=1\r\n;A\\C=2\nA\\B=3\nD=x=y\n");
+  Put(path,
+      "\xEF\xBB\xBF; edited by hand\r\n\r\n   \nA\\B=1\r\n;A\\C=2\nA\\B=3\nD=x=y\n"
+      "F\\B\\x=1\nF\\B\\y=2\nF\\C\\x=3\nF\\B\\z=4\nx=5\nF\\B=6\ny=7\nF\\C\\y=8\n"
+      "L\\A=\nL\\B=abc\nL\\C=功率因数\nL\\D=😀\nL\\E=a\\nb\n"
+      "Cal\\Page1\\线路种类=2\nCal\\Page1\\X\\Y=1\n");
   CInterDpData tree;
+  SetValue(tree, "Unsaved", "x");
   ASSERT_EQ(tree.ReadDataFromIdpFile(path), kOk);
-  EXPECT_EQ(tree.GetSubValueFromPathW(0, "A\\B")->Text(), "3");  // a repeated key: the last wins
+  EXPECT_EQ(tree.GetSubValueFromPathW(0, "Unsaved"), nullptr);  // a read replaces the tree
   EXPECT_EQ(tree.GetSubValueFromPathW(0, "A\\C"), nullptr);      // commented out
-  EXPECT_EQ(tree.GetSubValueFromPathW(0, "D")->Text(), "x=y");   // split at the first "="
-}
+  struct Case {
+    const char* key;
+    const char* text;  // ValueOr with the default "-"
+    int length;        // stored length (UTF-16 units plus one), 0 when not checked
+  };
+  const Case cases[] = {
+      {"A\\B", "3", 2},  // a repeated key: the last wins
+      {"D", "x=y", 4},   // split at the first "="
+      {"F\\B\\x", "1", 0}, {"F\\B\\y", "2", 0}, {"F\\C\\x", "3", 0}, {"F\\B\\z", "4", 0},
+      {"x", "5", 0}, {"F\\B", "6", 0}, {"y", "7", 0}, {"F\\C\\y", "8", 0},
+      {"L\\A", "-", 1},  // stored empty: the default
+      {"L\\B", "abc", 4}, {"L\\C", "功率因数", 5},
+      {"L\\D", "😀", 3},  // a surrogate pair
+      {"L\\E", "a\nb", 4},
+      {"Cal\\Page1\\负荷情况", "-", 0},         // missing
+      {"Cal\\Page1\\线路种类", "2", 0},
+      {"Cal\\Page1\\X", "-", 0},                // a folder, no value
+      {"Cal\\Page1\\线路种类\\Deeper", "-", 0},  // below a value
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(ValueOr(tree, c.key, "-"), c.text) << c.key;
+    if (c.length) {
+      EXPECT_EQ(tree.GetSubValueFromPathW(0, c.key)->Length(), c.length) << c.key;
+    }
+  }
+  EXPECT_EQ(tree.GetSubValueFromPathW(0, "F")->Children().size(), 2u);
+  EXPECT_EQ(tree.GetSubValueFromPathW(0, "F\\B")->Children().size(), 3u);
 
-TEST_F(IdpTreeTest, KeysOfInterleavedFoldersLandInTheirFolders) {
-  const std::string path = Path("folders.idp");
-  Put(path, "A\\B\\x=1\nA\\B\\y=2\nA\\C\\x=3\nA\\B\\z=4\nx=5\nA\\B=6\ny=7\nA\\C\\y=8\n");
-  CInterDpData tree;
-  ASSERT_EQ(tree.ReadDataFromIdpFile(path), kOk);
-  const std::vector<std::pair<std::string, std::string>> want = {
-      {"A\\B\\x", "1"}, {"A\\B\\y", "2"}, {"A\\C\\x", "3"}, {"A\\B\\z", "4"},
-      {"x", "5"},       {"A\\B", "6"},     {"y", "7"},       {"A\\C\\y", "8"}};
-  for (const auto& [key, text] : want) EXPECT_EQ(ValueOr(tree, key, "-"), text) << key;
-  EXPECT_EQ(tree.GetSubValueFromPathW(0, "A")->Children().size(), 2u);
-  EXPECT_EQ(tree.GetSubValueFromPathW(0, "A\\B")->Children().size(), 3u);
-}
-
-TEST_F(IdpTreeTest, StoredLengthCountsUtf16UnitsPlusOne) {
-  const std::string path = Path("len.idp");
-  Put(path, "; x\nA=\nB=abc\nC=功率因数\nD=😀\nE=a\\nb\n");
-  CInterDpData tree;
-  ASSERT_EQ(tree.ReadDataFromIdpFile(path), kOk);
-  EXPECT_EQ(tree.GetSubValueFromPathW(0, "A")->Length(), 1);
-  EXPECT_EQ(tree.GetSubValueFromPathW(0, "B")->Length(), 4);
-  EXPECT_EQ(tree.GetSubValueFromPathW(0, "C")->Length(), 5);
-  EXPECT_EQ(tree.GetSubValueFromPathW(0, "D")->Length(), 3);  // a surrogate pair
-  EXPECT_EQ(tree.GetSubValueFromPathW(0, "E")->Length(), 4);
-
-  // The caller's length is what the node keeps.
-  ASSERT_EQ(tree.SetSubValueW("F", 9, "abc", 0), kOk);
-  EXPECT_EQ(tree.GetSubValueFromPathW(0, "F")->Length(), 9);
+  // The default rule goes by the stored length the caller gave.
+  ASSERT_EQ(tree.SetSubValueW("Short", 1, "x", 0), kOk);
+  EXPECT_EQ(ValueOr(tree, "Short", "d"), "d");
   SetValue(tree, "G", "电压😀");
   EXPECT_EQ(tree.GetSubValueFromPathW(0, "G")->Length(), 5);
-}
-
-TEST_F(IdpTreeTest, MissingOrEmptyKeysTakeTheDefault) {
-  const std::string path = Path("defaults.idp");
-  Put(path, "Cal\\DyssCal\\当前页=\nCal\\DyssCal\\Page1\\线路种类=2\nCal\\DyssCal\\Page1\\X\\Y=1\n");
-  CInterDpData tree;
-  ASSERT_EQ(tree.ReadDataFromIdpFile(path), kOk);
-  EXPECT_EQ(ValueOr(tree, "Cal\\DyssCal\\当前页", "0"), "0");                 // stored empty
-  EXPECT_EQ(ValueOr(tree, "Cal\\DyssCal\\Page1\\负荷情况", "0"), "0");         // missing
-  EXPECT_EQ(ValueOr(tree, "Cal\\DyssCal\\Page1\\线路种类", "0"), "2");         // present
-  EXPECT_EQ(ValueOr(tree, "Cal\\DyssCal\\Page1\\X", "d"), "d");                // a folder, no value
-  EXPECT_EQ(ValueOr(tree, "Cal\\DyssCal\\Page1\\线路种类\\Deeper", "d"), "d");  // below a value
-  ASSERT_EQ(tree.SetSubValueW("Short", 1, "x", 0), kOk);  // the rule goes by the stored length
-  EXPECT_EQ(ValueOr(tree, "Short", "d"), "d");
   EXPECT_EQ(ValueOr(CInterDpData(), "Anything", "0.9"), "0.9");
+
+  EXPECT_EQ(tree.ReadDataFromIdpFile(Path("missing.idp")), kMissingFile);
+  EXPECT_EQ(tree.GetSubValueFromPathW(0, "D"), nullptr);
 }
 
 TEST_F(IdpTreeTest, WritingKeepsKeysTheWriterDidNotSetInTheirOrder) {
@@ -121,20 +113,7 @@ TEST_F(IdpTreeTest, WritingKeepsKeysTheWriterDidNotSetInTheirOrder) {
   SetValue(tree, "A\\New", "5");
   ASSERT_EQ(tree.WriteDataToIdpFile(path), kOk);
   // Each folder keeps its keys in file order; new keys come after them.
-  EXPECT_EQ(Get(path),
-            "; OrvelKestra parameter file\nZ=1\nA\\X=changed\nA\\Y=4\nA\\New=5\nM=3\nB=new\n");
-}
-
-TEST_F(IdpTreeTest, ReadReplacesTheTree) {
-  const std::string path = Path("a.idp");
-  Put(path, "Old=1\n");
-  CInterDpData tree;
-  SetValue(tree, "Unsaved", "x");
-  ASSERT_EQ(tree.ReadDataFromIdpFile(path), kOk);
-  EXPECT_EQ(tree.GetSubValueFromPathW(0, "Unsaved"), nullptr);
-  EXPECT_NE(tree.GetSubValueFromPathW(0, "Old"), nullptr);
-  EXPECT_EQ(tree.ReadDataFromIdpFile(Path("missing.idp")), kMissingFile);
-  EXPECT_EQ(tree.GetSubValueFromPathW(0, "Old"), nullptr);
+  EXPECT_EQ(Get(path), "; OrvelKestra parameter file\nZ=1\nA\\X=changed\nA\\Y=4\nA\\New=5\nM=3\nB=new\n");
 }
 
 TEST_F(IdpTreeTest, KeysThatCannotBeWrittenAreRefused) {
@@ -149,18 +128,14 @@ TEST_F(IdpTreeTest, KeysThatCannotBeWrittenAreRefused) {
   EXPECT_EQ(tree.GetSubValueFromPathW(0, "A")->HasValue(), false);
 }
 
-TEST_F(IdpTreeTest, ManyChildrenOfOneFolderAreAllFound) {
-  // Large folders (table rows) are looked up through an index; every key must still be found
-  // and the order kept.
+TEST_F(IdpTreeTest, ManyChildrenOfOneFolderAreAllFoundInOrder) {
+  // Large folders (table rows) are looked up through an index.
   CInterDpData tree;
-  for (int i = 1; i <= 40; ++i) SetValue(tree, "T\\Row\\" + std::to_string(i), "v" + std::to_string(i));
-  for (int i = 1; i <= 40; ++i) {
-    const IdpNode* node = tree.GetSubValueFromPathW(0, "T\\Row\\" + std::to_string(i));
-    ASSERT_NE(node, nullptr) << i;
-    EXPECT_EQ(node->Text(), "v" + std::to_string(i));
-  }
-  EXPECT_EQ(tree.GetSubValueFromPathW(0, "T\\Row\\41"), nullptr);
-  SetValue(tree, "T\\Row\\7", "again");
+  const auto row = [](int i) { return "T\\Row\\" + std::to_string(i); };
+  for (int i = 1; i <= 40; ++i) SetValue(tree, row(i), "v" + std::to_string(i));
+  for (int i = 1; i <= 40; ++i) EXPECT_EQ(ValueOr(tree, row(i), "-"), "v" + std::to_string(i));
+  EXPECT_EQ(tree.GetSubValueFromPathW(0, row(41)), nullptr);
+  SetValue(tree, row(7), "again");
   const auto& rows = tree.GetSubValueFromPathW(0, "T\\Row")->Children();
   ASSERT_EQ(rows.size(), 40u);
   EXPECT_EQ(rows[6]->Text(), "again");

@@ -1,12 +1,11 @@
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <filesystem>
-#include <fstream>
 #include <regex>
+#include <tuple>
 
 #include "services/report/docx_package.h"
 #include "services/report/xml_text.h"
+#include "tests/report/report_folder_test.h"
 #include "tests/report/sample_report.h"
 #include "tests/report/zip_reader.h"
 
@@ -53,15 +52,8 @@ std::string StyleElement(const std::string& styles_xml, const std::string& id) {
 
 bool Has(const std::string& hay, const std::string& needle) { return hay.find(needle) != std::string::npos; }
 
-class DocxTest : public ::testing::Test {
+class DocxTest : public kestra::report::testing::ReportFolderTest {
  protected:
-  void SetUp() override {
-    dir_ = fs::temp_directory_path() / ("kestra_docx_" + std::to_string(::getpid()));
-    fs::remove_all(dir_);
-    fs::create_directories(dir_);
-  }
-  void TearDown() override { fs::remove_all(dir_); }
-
   // Packs the writer's document and opens the package again as a reader would.
   std::string Pack(const ReportWriter& w) {
     const std::string path = (dir_ / "r.docx").string();
@@ -69,22 +61,30 @@ class DocxTest : public ::testing::Test {
     std::ofstream(path, std::ios::binary) << kestra::report::DocxBytes(w.Document(), 1795000000);
     return path;
   }
+  // The sample report, packed; the writer is kept for tests that change it further.
+  std::string PackSample() {
+    sample_.OpenReport();
+    kestra::report::testing::WriteSampleReport(sample_);
+    return Pack(sample_);
+  }
   std::string Member(const std::string& path, const std::string& name) {
     const std::optional<std::string> data = ReadZipMember(path, name);
     EXPECT_TRUE(data.has_value()) << name;
     return data.value_or("");
   }
 
-  fs::path dir_;
+  // Expects every needle in hay.
+  static void ExpectAll(const std::string& hay, std::initializer_list<const char*> needles, const char* where) {
+    for (const char* n : needles) EXPECT_TRUE(Has(hay, n)) << where << " lacks " << n;
+  }
+
+  ReportWriter sample_;
 };
 
 }  // namespace
 
 TEST_F(DocxTest, PackageHoldsThePartsWordNeeds) {
-  ReportWriter w;
-  w.OpenReport();
-  kestra::report::testing::WriteSampleReport(w);
-  const std::string path = Pack(w);
+  const std::string path = PackSample();
   const std::vector<std::string> names = ZipMemberNames(path);
   ASSERT_FALSE(names.empty()) << "not a readable zip";
   EXPECT_EQ(names[0], "[Content_Types].xml");
@@ -92,59 +92,41 @@ TEST_F(DocxTest, PackageHoldsThePartsWordNeeds) {
                         "word/settings.xml", "word/footer1.xml", "docProps/core.xml", "docProps/app.xml"}) {
     EXPECT_NE(std::find(names.begin(), names.end(), n), names.end()) << n;
   }
-  const std::string types = Member(path, "[Content_Types].xml");
-  EXPECT_TRUE(Has(types, "PartName=\"/word/document.xml\" ContentType=\"application/"
-                         "vnd.openxmlformats-officedocument.wordprocessingml.document.main+xml\""));
-  EXPECT_TRUE(Has(Member(path, "_rels/.rels"), "Target=\"word/document.xml\""));
-  const std::string rels = Member(path, "word/_rels/document.xml.rels");
-  EXPECT_TRUE(Has(rels, "relationships/styles\" Target=\"styles.xml\""));
-  const std::string core = Member(path, "docProps/core.xml");
-  EXPECT_TRUE(Has(core, "<dc:title>无功功率补偿计算书</dc:title>"));
-  EXPECT_TRUE(Has(core, ">2026-11-18T11:06:40Z</dcterms:created>"));
+  ExpectAll(Member(path, "[Content_Types].xml"),
+            {"PartName=\"/word/document.xml\" ContentType=\"application/"
+             "vnd.openxmlformats-officedocument.wordprocessingml.document.main+xml\""},
+            "types");
+  ExpectAll(Member(path, "_rels/.rels"), {"Target=\"word/document.xml\""}, ".rels");
+  ExpectAll(Member(path, "word/_rels/document.xml.rels"), {"relationships/styles\" Target=\"styles.xml\""}, "rels");
+  ExpectAll(Member(path, "docProps/core.xml"),
+            {"<dc:title>无功功率补偿计算书</dc:title>", ">2026-11-18T11:06:40Z</dcterms:created>"}, "core");
 }
 
 TEST_F(DocxTest, HeadingsAreWordsBuiltInHeadings) {
-  ReportWriter w;
-  w.OpenReport();
-  kestra::report::testing::WriteSampleReport(w);
-  const std::string styles = Member(Pack(w), "word/styles.xml");
-  const std::string h1 = StyleElement(styles, "Heading1");
-  const std::string h2 = StyleElement(styles, "Heading2");
-  const std::string normal = StyleElement(styles, "Normal");
-  ASSERT_FALSE(h1.empty());
-  ASSERT_FALSE(h2.empty());
-  ASSERT_FALSE(normal.empty());
-  EXPECT_TRUE(Has(h1, "<w:name w:val=\"heading 1\"/>"));
-  EXPECT_TRUE(Has(h1, "<w:outlineLvl w:val=\"0\"/>"));
-  EXPECT_TRUE(Has(h1, "<w:next w:val=\"Normal\"/>"));
-  EXPECT_TRUE(Has(h1, "<w:jc w:val=\"center\"/>"));
-  EXPECT_TRUE(Has(h1, "<w:b/>"));
-  EXPECT_TRUE(Has(h2, "<w:name w:val=\"heading 2\"/>"));
-  EXPECT_TRUE(Has(h2, "<w:outlineLvl w:val=\"1\"/>"));
-  EXPECT_TRUE(Has(h2, "<w:next w:val=\"Normal\"/>"));
-  EXPECT_TRUE(Has(normal, "w:default=\"1\""));
+  const std::string path = PackSample();
+  const std::string styles = Member(path, "word/styles.xml");
+  ExpectAll(StyleElement(styles, "Heading1"),
+            {"<w:name w:val=\"heading 1\"/>", "<w:outlineLvl w:val=\"0\"/>", "<w:next w:val=\"Normal\"/>",
+             "<w:jc w:val=\"center\"/>", "<w:b/>"},
+            "Heading1");
+  ExpectAll(StyleElement(styles, "Heading2"),
+            {"<w:name w:val=\"heading 2\"/>", "<w:outlineLvl w:val=\"1\"/>", "<w:next w:val=\"Normal\"/>"},
+            "Heading2");
+  ExpectAll(StyleElement(styles, "Normal"), {"w:default=\"1\""}, "Normal");
   // Chinese body text by default: 宋体, zh-CN.
-  EXPECT_TRUE(Has(styles, "w:eastAsia=\"宋体\""));
-  EXPECT_TRUE(Has(styles, "<w:lang w:val=\"en-US\" w:eastAsia=\"zh-CN\""));
-  const std::string doc = Member(Pack(w), "word/document.xml");
-  EXPECT_TRUE(Has(doc, "<w:pgSz w:w=\"11906\" w:h=\"16838\"/>"));  // A4
+  ExpectAll(styles, {"w:eastAsia=\"宋体\"", "<w:lang w:val=\"en-US\" w:eastAsia=\"zh-CN\""}, "styles");
+  ExpectAll(Member(path, "word/document.xml"), {"<w:pgSz w:w=\"11906\" w:h=\"16838\"/>"}, "A4 page");
 }
 
 TEST_F(DocxTest, ParagraphsRunsTabsAndScripts) {
-  ReportWriter w;
-  w.OpenReport();
-  kestra::report::testing::WriteSampleReport(w);
-  const std::vector<ParaView> p = Paragraphs(Member(Pack(w), "word/document.xml"));
+  const std::vector<ParaView> p = Paragraphs(Member(PackSample(), "word/document.xml"));
   ASSERT_EQ(p.size(), 18u);
-  EXPECT_EQ(p[0].style, "Heading1");
-  EXPECT_EQ(p[0].jc, "center");
-  EXPECT_EQ(p[0].text, "无功功率补偿计算书");
-  EXPECT_EQ(p[1].style, "Heading2");
-  EXPECT_EQ(p[1].jc, "left");
-  EXPECT_EQ(p[1].text, "计算依据");
-  EXPECT_EQ(p[2].style, "");  // Normal after a heading, with no alignment of its own
-  EXPECT_EQ(p[2].jc, "");
-  EXPECT_EQ(p[2].text, "\t《民用建筑电气设计手册》（湖南电气情报网编）p94 公式2.6.2-4,2.6.2-5");
+  using View = std::tuple<std::string, std::string, std::string>;  // style, alignment, text
+  const auto view = [](const ParaView& v) { return View{v.style, v.jc, v.text}; };
+  EXPECT_EQ(view(p[0]), View("Heading1", "center", "无功功率补偿计算书"));
+  EXPECT_EQ(view(p[1]), View("Heading2", "left", "计算依据"));
+  // Normal after a heading, with no alignment of its own.
+  EXPECT_EQ(view(p[2]), View("", "", "\t《民用建筑电气设计手册》（湖南电气情报网编）p94 公式2.6.2-4,2.6.2-5"));
   EXPECT_TRUE(Has(p[2].xml, "<w:tab/><w:t xml:space=\"preserve\">《民用"));
   // The four lines of the known conditions: four body paragraphs.
   EXPECT_EQ(p[3].text, "已知条件");
@@ -165,11 +147,9 @@ TEST_F(DocxTest, ParagraphsRunsTabsAndScripts) {
 }
 
 TEST_F(DocxTest, DocumentFontGoesOnEveryRunAndTheDefaults) {
-  ReportWriter w;
-  w.OpenReport();
-  kestra::report::testing::WriteSampleReport(w);
-  w.SetDocumentFont("仿宋");
-  const std::string path = Pack(w);
+  PackSample();
+  sample_.SetDocumentFont("仿宋");
+  const std::string path = Pack(sample_);
   const std::string doc = Member(path, "word/document.xml");
   const auto count = [&](const std::string& s) {
     std::size_t n = 0;

@@ -1,75 +1,38 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include <filesystem>
-#include <fstream>
-#include <sstream>
-
 #include "services/report/report_errors.h"
 #include "services/report/report_run.h"
+#include "tests/report/report_folder_test.h"
 #include "tests/report/sample_report.h"
 #include "tests/report/zip_reader.h"
 
-namespace fs = std::filesystem;
 using kestra::report::ReportRunOptions;
 using kestra::report::RunReport;
 using kestra::report::UniqueReportPath;
+namespace fs = std::filesystem;
 
 namespace {
 
-// A target that hands out one fixed path and records what it is asked to show.
-class FixedTarget : public kestra::report::ReportTarget {
- public:
-  std::optional<std::string> path;
-  std::vector<std::string> titles, shown;
-  bool throw_on_show = false;
-  std::optional<std::string> NewReportPath(std::string_view title) override {
-    titles.emplace_back(title);
-    return path;
-  }
-  void ShowReport(const std::string& p) override {
-    shown.push_back(p);
-    if (throw_on_show) throw std::runtime_error("no word processor");
-  }
-};
-
-std::string ReadAll(const fs::path& p) {
-  std::ifstream in(p, std::ios::binary);
-  std::ostringstream s;
-  s << in.rdbuf();
-  return s.str();
-}
-
-class RunReportTest : public ::testing::Test {
+class RunReportTest : public kestra::report::testing::ReportFolderTest {
  protected:
   void SetUp() override {
-    dir_ = fs::temp_directory_path() / ("kestra_run_" + std::to_string(::getpid()));
-    fs::remove_all(dir_);
-    fs::create_directories(dir_);
+    ReportFolderTest::SetUp();
     target_.path = (dir_ / "报告.docx").string();
     options_.title = "无功功率补偿计算书";
   }
-  void TearDown() override { fs::remove_all(dir_); }
-
   bool Write(const std::function<void(ReportWriter&)>& body) {
     return RunReport(target_, [this](const std::string& m) { messages_.push_back(m); }, body, options_);
   }
-  std::vector<std::string> Files() const {
-    std::vector<std::string> names;
-    for (const auto& e : fs::directory_iterator(dir_)) names.push_back(e.path().filename().string());
-    std::sort(names.begin(), names.end());
-    return names;
-  }
 
-  fs::path dir_;
-  FixedTarget target_;
+  kestra::report::testing::FixedTarget target_;
   ReportRunOptions options_;
   std::vector<std::string> messages_;
 };
 
 }  // namespace
 
-TEST_F(RunReportTest, WritesTheReportAndShowsIt) {
+TEST_F(RunReportTest, WritesTheReportAndShowsItEvenWhenTheViewerFails) {
   EXPECT_TRUE(Write(kestra::report::testing::WriteSampleReport));
   EXPECT_TRUE(messages_.empty());
   EXPECT_EQ(target_.titles, std::vector<std::string>{"无功功率补偿计算书"});
@@ -79,42 +42,46 @@ TEST_F(RunReportTest, WritesTheReportAndShowsIt) {
   ASSERT_TRUE(doc.has_value());
   EXPECT_NE(doc->find("并联电容器数量=14"), std::string::npos);
   EXPECT_EQ(fs::status(*target_.path).permissions() & fs::perms::others_read, fs::perms::others_read);
+  // A viewer that fails is reported, and the written report stays.
+  fs::remove(*target_.path);
+  target_.throw_on_show = true;
+  EXPECT_TRUE(Write(kestra::report::testing::WriteSampleReport));
+  EXPECT_EQ(messages_, std::vector<std::string>{"Catch All Other ERROR"});
+  EXPECT_TRUE(fs::exists(*target_.path));
 }
 
-TEST_F(RunReportTest, NoPathOrNoFolderMeansWordCouldNotStart) {
+TEST_F(RunReportTest, NoPathNoFolderOrAReadOnlyFolderMeansWordCouldNotStart) {
   bool body_ran = false;
   const auto body = [&](ReportWriter&) { body_ran = true; };
-  target_.path.reset();
-  EXPECT_FALSE(Write(body));
-  target_.path = (dir_ / "missing" / "r.docx").string();
-  EXPECT_FALSE(Write(body));
   std::ofstream(dir_ / "plain-file") << "x";
-  target_.path = (dir_ / "plain-file" / "r.docx").string();
-  EXPECT_FALSE(Write(body));
+  // /proc takes no new file even from root; for anyone else a folder without write permission.
+  fs::path ro = "/proc";
+  if (::geteuid() != 0) {
+    ro = fs::temp_directory_path() / ("kestra_run_ro_" + std::to_string(::getpid()));
+    fs::create_directories(ro);
+    fs::permissions(ro, fs::perms::owner_read | fs::perms::owner_exec);
+  }
+  const std::optional<std::string> paths[] = {std::nullopt, (dir_ / "missing" / "r.docx").string(),
+                                              (dir_ / "plain-file" / "r.docx").string(), (ro / "报告.docx").string()};
+  for (const auto& path : paths) {
+    target_.path = path;
+    EXPECT_FALSE(Write(body));
+    if (path) {
+      EXPECT_FALSE(fs::exists(*path)) << *path;
+    }
+  }
   options_.open_failure_message = kestra::report::kDieselOpenFailureMessage;
   EXPECT_FALSE(Write(body));
   EXPECT_FALSE(body_ran);
   EXPECT_EQ(messages_, (std::vector<std::string>{"Create Word Instance Failed!", "Create Word Instance Failed!",
-                                                 "Create Word Instance Failed!", "创建Word实例失败!"}));
+                                                 "Create Word Instance Failed!", "Create Word Instance Failed!",
+                                                 "创建Word实例失败!"}));
   EXPECT_EQ(Files(), std::vector<std::string>{"plain-file"});
   EXPECT_TRUE(target_.shown.empty());
-}
-
-TEST_F(RunReportTest, ReadOnlyFolderTakesNoReport) {
-  // /proc takes no new file even from root; for anyone else a folder without write permission.
-  fs::path ro = "/proc";
-  if (::geteuid() != 0) {
-    ro = dir_ / "ro";
-    fs::create_directories(ro);
-    fs::permissions(ro, fs::perms::owner_read | fs::perms::owner_exec);
-  }
-  target_.path = (ro / "报告.docx").string();
-  EXPECT_FALSE(Write(kestra::report::testing::WriteSampleReport));
-  EXPECT_EQ(messages_, std::vector<std::string>{"Create Word Instance Failed!"});
-  EXPECT_FALSE(fs::exists(*target_.path));
   if (ro != "/proc") {
     fs::permissions(ro, fs::perms::owner_all);
     EXPECT_TRUE(fs::is_empty(ro));
+    fs::remove(ro);
   }
 }
 
@@ -134,27 +101,11 @@ TEST_F(RunReportTest, NeverWritesOverAnExistingFile) {
   EXPECT_TRUE(target_.shown.empty());
 }
 
-TEST_F(RunReportTest, FailuresInTheBodyLeaveNoFile) {
-  EXPECT_FALSE(Write([](ReportWriter& w) {
-    w.TitleBlock("t");
-    throw std::runtime_error("boom");
-  }));
-  EXPECT_FALSE(Write([](ReportWriter& w) { w.SetParagraphStyle("标题 7", 0); }));
-  EXPECT_FALSE(Write([](ReportWriter&) { throw COleException(0x80030070u, "disk full"); }));
-  EXPECT_FALSE(Write([](ReportWriter&) { throw 42; }));
-  EXPECT_EQ(messages_, (std::vector<std::string>{
-                           "Catch All Other ERROR",
-                           "COleDispatchException. SCODE: 00001735,Description: \"The requested member of "
-                           "the collection does not exist.\".",
-                           "COleException. SCODE: 80030070.",
-                           "Catch All Other ERROR"}));
-  EXPECT_TRUE(Files().empty());
-  EXPECT_TRUE(target_.shown.empty());
-}
-
-TEST_F(RunReportTest, DieselHeaderFailuresHaveTheirOwnMessage) {
-  options_.header_failure_message = kestra::report::kDieselHeaderErrorMessage;
-  const auto fail_at = [](int step) {
+TEST_F(RunReportTest, FailuresInTheBodyLeaveNoFileAndSayWhatHappened) {
+  const std::string dispatch =
+      "COleDispatchException. SCODE: 00001735,Description: \"The requested member of the collection does not exist.\".";
+  // The diesel report: a failure before its header is done has a message of its own.
+  const auto diesel_fail_at = [](int step) {
     return [step](ReportWriter& w) {
       w.TitleBlock("柴油发电机组容量计算");
       if (step == 0) throw std::runtime_error("header");
@@ -164,42 +115,47 @@ TEST_F(RunReportTest, DieselHeaderFailuresHaveTheirOwnMessage) {
       w.NewParagraph();
     };
   };
-  EXPECT_FALSE(Write(fail_at(0)));
-  EXPECT_FALSE(Write(fail_at(1)));
-  EXPECT_FALSE(Write([](ReportWriter& w) { w.SetParagraphStyle("x", 0); }));  // not an "other" error
-  EXPECT_EQ(messages_, (std::vector<std::string>{"Catch All ERROR", "Catch All Other ERROR",
-                                                 "COleDispatchException. SCODE: 00001735,Description: \"The "
-                                                 "requested member of the collection does not exist.\"."}));
+  struct Case {
+    bool diesel;
+    std::function<void(ReportWriter&)> body;
+    std::string message;
+  };
+  const Case cases[] = {
+      {false, [](ReportWriter& w) { w.TitleBlock("t"); throw std::runtime_error("boom"); }, "Catch All Other ERROR"},
+      {false, [](ReportWriter& w) { w.SetParagraphStyle("标题 7", 0); }, dispatch},
+      {false, [](ReportWriter&) { throw COleException(0x80030070u, "disk full"); }, "COleException. SCODE: 80030070."},
+      {false, [](ReportWriter&) { throw 42; }, "Catch All Other ERROR"},
+      {true, diesel_fail_at(0), "Catch All ERROR"},
+      {true, diesel_fail_at(1), "Catch All Other ERROR"},
+      {true, [](ReportWriter& w) { w.SetParagraphStyle("x", 0); }, dispatch},  // not an "other" error
+  };
+  for (const auto& c : cases) {
+    messages_.clear();
+    if (c.diesel) options_.header_failure_message = kestra::report::kDieselHeaderErrorMessage;
+    EXPECT_FALSE(Write(c.body)) << c.message;
+    EXPECT_EQ(messages_, std::vector<std::string>{c.message});
+  }
   EXPECT_TRUE(Files().empty());
-  EXPECT_TRUE(Write(fail_at(2)));
-}
-
-TEST_F(RunReportTest, AFailingViewerKeepsTheWrittenReport) {
-  target_.throw_on_show = true;
-  EXPECT_TRUE(Write(kestra::report::testing::WriteSampleReport));
-  EXPECT_EQ(messages_, std::vector<std::string>{"Catch All Other ERROR"});
-  EXPECT_TRUE(fs::exists(*target_.path));
+  EXPECT_TRUE(target_.shown.empty());
+  EXPECT_TRUE(Write(diesel_fail_at(2)));
 }
 
 TEST_F(RunReportTest, UniqueReportPathsAreReadableAndFree) {
   std::tm t{};
   t.tm_year = 2026 - 1900, t.tm_mon = 10, t.tm_mday = 22, t.tm_hour = 9, t.tm_min = 5, t.tm_sec = 7;
-  const std::string dir = dir_.string();
-  const std::string first = UniqueReportPath(dir, "无功功率补偿计算书", t);
-  EXPECT_EQ(first, dir + "/无功功率补偿计算书 2026-11-22 090507.docx");
-  std::ofstream(first) << "x";
-  const std::string second = UniqueReportPath(dir + "/", "无功功率补偿计算书", t);
-  EXPECT_EQ(second, dir + "/无功功率补偿计算书 2026-11-22 090507 (2).docx");
-  std::ofstream(second) << "x";
-  EXPECT_EQ(UniqueReportPath(dir, "无功功率补偿计算书", t), dir + "/无功功率补偿计算书 2026-11-22 090507 (3).docx");
-  // Names a file system would refuse or hide.
-  EXPECT_EQ(UniqueReportPath(dir, "a/b\\c:d*e?\"<>|\t", t), dir + "/a_b_c_d_e______ 2026-11-22 090507.docx");
-  EXPECT_EQ(UniqueReportPath(dir, " ..", t), dir + "/计算书 2026-11-22 090507.docx");
-  const std::string long_title(300, 'x');
-  const std::string cut = fs::path(UniqueReportPath(dir, "计" + long_title, t)).filename().string();
-  EXPECT_LE(cut.size(), 255u - 4);
+  const std::string dir = dir_.string(), stamp = " 2026-11-22 090507";
+  const auto name = [&](const std::string& title) { return fs::path(UniqueReportPath(dir, title, t)).filename().string(); };
+  // A taken name gets a number; a "/" after the folder changes nothing.
+  for (const char* suffix : {"", " (2)", " (3)"}) {
+    const std::string path = UniqueReportPath(*suffix == ' ' ? dir + "/" : dir, "无功功率补偿计算书", t);
+    EXPECT_EQ(path, dir + "/无功功率补偿计算书" + stamp + suffix + ".docx");
+    std::ofstream(path) << "x";
+  }
+  // Names a file system would refuse, hide or find too long.
+  EXPECT_EQ(name("a/b\\c:d*e?\"<>|\t"), "a_b_c_d_e______" + stamp + ".docx");
+  EXPECT_EQ(name(" .."), "计算书" + stamp + ".docx");
+  EXPECT_LE(name("计" + std::string(300, 'x')).size(), 255u - 4);
   std::string chinese;
   for (int i = 0; i < 100; ++i) chinese += "电";
-  const std::string name = fs::path(UniqueReportPath(dir, chinese, t)).filename().string();
-  EXPECT_EQ(name, chinese.substr(0, 198) + " 2026-11-22 090507.docx");  // cut between characters
+  EXPECT_EQ(name(chinese), chinese.substr(0, 198) + stamp + ".docx");  // cut between characters
 }

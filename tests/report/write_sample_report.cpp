@@ -6,30 +6,18 @@
 #include "services/report/report_run.h"
 #include "tests/report/sample_report.h"
 
-namespace {
-
-class PathTarget : public kestra::report::ReportTarget {
- public:
-  explicit PathTarget(std::string path) : path_(std::move(path)) {}
-  std::optional<std::string> NewReportPath(std::string_view) override { return path_; }
-  void ShowReport(const std::string& path) override { std::printf("%s\n", path.c_str()); }
-
- private:
-  std::string path_;
-};
-
-}  // namespace
-
 int main(int argc, char** argv) {
   if (argc != 2) {
     std::fprintf(stderr, "usage: %s OUT.docx\n", argv[0]);
     return 2;
   }
-  PathTarget target(argv[1]);
+  kestra::report::testing::FixedTarget target;
+  target.path = argv[1];
   kestra::report::ReportRunOptions options;
   options.title = "无功功率补偿计算书";
   const bool ok = kestra::report::RunReport(
       target, [](const std::string& m) { std::fprintf(stderr, "%s\n", m.c_str()); },
       kestra::report::testing::WriteSampleReport, options);
+  for (const auto& shown : target.shown) std::printf("%s\n", shown.c_str());
   return ok ? 0 : 1;
 }

@@ -1,5 +1,6 @@
 // kestra catalog build / export / check.
 #include <sstream>
+#include <tuple>
 
 #include "test_support.h"
 
@@ -24,11 +25,7 @@ TEST(CatalogBuild, RoundTripThroughCsvKeepsTablesColumnsRowsAndTypes) {
 
   CADODatabase db;
   db.Open(ConnectionText(dir / "cat.db"));
-  CADOTableDefInfo info;
-  db.GetTableDefInfo(0, info);
-  EXPECT_EQ(info.m_strName, "VV/VLV 电缆");
-  db.GetTableDefInfo(1, info);
-  EXPECT_EQ(info.m_strName, "铜 芯");
+  EXPECT_EQ(TableNames(db), (Texts{"VV/VLV 电缆", "铜 芯"}));
   EXPECT_EQ(Column0(db, "SELECT [￥说明] FROM [VV/VLV 电缆]"), (Texts{"含,逗号", "引号\"内", ""}));
   EXPECT_EQ(Column0(db, "SELECT [R] FROM [VV/VLV 电缆]"), (Texts{"0.193", "1000", "-0.5"}));
   EXPECT_EQ(Column0(db, "SELECT [备注] FROM [VV/VLV 电缆]"), (Texts{"两行\n文字", "", "X"}));
@@ -60,13 +57,7 @@ TEST(CatalogBuild, WithoutTableListTakesCsvFilesInByteOrder) {
   ASSERT_EQ(BuildCatalogue(dir / "src", dir / "cat.db"), "");
   CADODatabase db;
   db.Open(dir / "cat.db");
-  Texts names;
-  for (int i = 0; i < db.GetTableDefCount(); ++i) {
-    CADOTableDefInfo info;
-    db.GetTableDefInfo(i, info);
-    names.push_back(info.m_strName);
-  }
-  EXPECT_EQ(names, (Texts{"C", "a", "b"}));
+  EXPECT_EQ(TableNames(db), (Texts{"C", "a", "b"}));
   // "c" next to "C" would be one table to SQLite: refused, with both names.
   WriteFile(dir / "src/c.csv", "n,￥k\n1,w\n");
   EXPECT_NE(BuildCatalogue(dir / "src", dir / "cat2.db").find("table names \"C\" and \"c\" differ only in letter case"),
@@ -137,17 +128,16 @@ class CatalogCheck : public ::testing::Test {
 };
 
 TEST_F(CatalogCheck, GoodCataloguesPass) {
-  EXPECT_EQ(Check("VV", "序号,￥截面,￥芯数,R,X,U\n1,95,3,0.193,0.06,0.4\n", "line"), 0) << err_.str();
-  EXPECT_EQ(out_.str(), "OK\n");
-  EXPECT_EQ(Check("电机", "序号,￥系列名称,￥型号,功率kW,转速r/min,额定电流A,起动电流A,额定电压kV\n1,Y,Y1,1,2,3,4,5\n",
-                  "motor"),
-            0)
-      << err_.str();
-  EXPECT_EQ(Check("S9", "序号,容量kVA,短路电压%\n1,630,4.5\n", "transformer"), 0) << err_.str();
-  EXPECT_EQ(Check("起动电抗器数据", "序号,￥型 号,容量kVA,短路电压%,每相额定电抗Ω,起动电流A\n1,Q,100,5,1.05,500\n",
-                  "reactor"),
-            0)
-      << err_.str();
+  const std::tuple<std::string, std::string, std::string> good[] = {
+      {"VV", "序号,￥截面,￥芯数,R,X,U\n1,95,3,0.193,0.06,0.4\n", "line"},
+      {"电机", "序号,￥系列名称,￥型号,功率kW,转速r/min,额定电流A,起动电流A,额定电压kV\n1,Y,Y1,1,2,3,4,5\n", "motor"},
+      {"S9", "序号,容量kVA,短路电压%\n1,630,4.5\n", "transformer"},
+      {"起动电抗器数据", "序号,￥型 号,容量kVA,短路电压%,每相额定电抗Ω,起动电流A\n1,Q,100,5,1.05,500\n", "reactor"},
+  };
+  for (const auto& [table, csv, kind] : good) {
+    EXPECT_EQ(Check(table, csv, kind), 0) << err_.str();
+    EXPECT_EQ(out_.str(), "OK\n") << kind;
+  }
 }
 
 TEST_F(CatalogCheck, ProblemsAreSaidInPlainWords) {
@@ -187,12 +177,6 @@ TEST(CatalogCommand, UsageAndFailures) {
   EXPECT_EQ(RunCatalogCommand({"export", "/nonexistent/c.db", "/tmp/x"}, out, err), 1);
   EXPECT_NE(err.str().find("no such file"), std::string::npos) << err.str();
 }
-
-}  // namespace
-}  // namespace kestra::tabledb::test
-
-namespace kestra::tabledb::test {
-namespace {
 
 TEST(CatalogBuild, CatalogueBuiltByTheBuildRule) {
   CADODatabase db;

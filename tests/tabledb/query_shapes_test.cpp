@@ -57,26 +57,9 @@ TempDir* QueryShapes::dir_ = nullptr;
 
 TEST_F(QueryShapes, TablesAndColumnsInCatalogueOrder) {
   ASSERT_TRUE(line_.IsOpen());
-  Texts names;
-  for (int i = 0; i < line_.GetTableDefCount(); ++i) {
-    CADOTableDefInfo info;
-    line_.GetTableDefInfo(i, info, 1);
-    EXPECT_EQ(info.m_strType, "TABLE");
-    names.push_back(info.m_strName);
-  }
-  EXPECT_EQ(names, (Texts{"VV/VLV 电缆", "YJV", "空表"}));
-
+  EXPECT_EQ(TableNames(line_), (Texts{"VV/VLV 电缆", "YJV", "空表"}));
+  EXPECT_EQ(Fields(line_, "VV/VLV 电缆"), (Texts{"序号", "￥截面", "￥芯数", "R", "X", "U"}));
   CADOTableDef def(&line_);
-  def.Open("VV/VLV 电缆");
-  ASSERT_EQ(def.GetFieldCount(), 6);
-  Texts cols;
-  for (int j = 0; j < def.GetFieldCount(); ++j) {
-    CADOFieldInfo f;
-    def.GetFieldInfo(j, f, 1);
-    cols.push_back(f.m_strName);
-  }
-  EXPECT_EQ(cols, (Texts{"序号", "￥截面", "￥芯数", "R", "X", "U"}));
-  def.Close();
   EXPECT_THROW(def.Open("no such table"), CADOException);
 }
 
@@ -137,13 +120,10 @@ TEST_F(QueryShapes, LikeFindsExactlyTheMatchingTexts) {
     std::string table;
   };
   for (const Case& c : {Case{&line_, "VV/VLV 电缆"}, Case{&line_, "YJV"}, Case{&djqd_, "起动电抗器数据"}}) {
-    CADOTableDef def(c.db);
-    def.Open(c.table);
-    for (int j = 1; j < def.GetFieldCount(); ++j) {
-      CADOFieldInfo f;
-      def.GetFieldInfo(j, f);
+    const Texts fields = Fields(*c.db, c.table);
+    for (std::size_t j = 1; j < fields.size(); ++j) {
       const Texts ids = Column0(*c.db, "SELECT [序号] FROM [" + c.table + "]");
-      const Texts cells = Column0(*c.db, "SELECT [" + f.m_strName + "] FROM [" + c.table + "]");
+      const Texts cells = Column0(*c.db, "SELECT [" + fields[j] + "] FROM [" + c.table + "]");
       Texts patterns = cells;
       for (const char* p : {"500", "500.0", "10.", "1.050", "yjv", "qksg-100", "95", "%5%", "_", "3x%", ""}) {
         patterns.push_back(p);
@@ -156,7 +136,7 @@ TEST_F(QueryShapes, LikeFindsExactlyTheMatchingTexts) {
         }
         // Names with a blank or "%" need their brackets; the others are written bare, as the calculators do.
         const std::string col =
-            f.m_strName.find_first_of(" %/") == std::string::npos ? f.m_strName : "[" + f.m_strName + "]";
+            fields[j].find_first_of(" %/") == std::string::npos ? fields[j] : "[" + fields[j] + "]";
         const std::string q = "SELECT [序号] FROM " + c.table + " WHERE " + col + " LIKE \"" + p + "\"";
         EXPECT_EQ(Column0(*c.db, q), expected) << q;
       }
@@ -337,11 +317,6 @@ TEST(CellText, NumbersInTheirShortestText) {
   EXPECT_EQ(CCrack::strVARIANT(v), "1234567890123");
 }
 
-}  // namespace
-}  // namespace kestra::tabledb::test
-
-namespace kestra::tabledb::test {
-namespace {
 
 // The list and line-data queries of a line form against a plain evaluation of the same rows,
 // on a table whose keys differ in letter case, look like numbers or are missing.

@@ -59,4 +59,29 @@ inline std::vector<std::string> Column0(CADODatabase& db, const std::string& que
 
 using Texts = std::vector<std::string>;
 
+// The catalogue's table names, in catalogue order.
+inline Texts TableNames(CADODatabase& db) {
+  Texts names;
+  for (int i = 0; i < db.GetTableDefCount(); ++i) {
+    CADOTableDefInfo info;
+    db.GetTableDefInfo(i, info);
+    EXPECT_EQ(info.m_strType, "TABLE") << info.m_strName;
+    names.push_back(info.m_strName);
+  }
+  return names;
+}
+
+// A table's column names, in table order.
+inline Texts Fields(CADODatabase& db, const std::string& table) {
+  CADOTableDef def(&db);
+  def.Open(table);
+  Texts names;
+  for (int j = 0; j < def.GetFieldCount(); ++j) {
+    CADOFieldInfo f;
+    def.GetFieldInfo(j, f);
+    names.push_back(f.m_strName);
+  }
+  return names;
+}
+
 }  // namespace kestra::tabledb::test
