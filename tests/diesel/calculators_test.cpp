@@ -15,21 +15,15 @@ namespace {
 static_assert(!std::has_virtual_destructor_v<ZoUiDieselContentCalBase>);
 static_assert(!std::is_destructible_v<ZoUiDieselContentCalBase>);
 
-ZoUiWDFHCal Steady(double p, double eta, double cos_phi) {
-  ZoUiWDFHCal c;
-  c.SetParams(p, eta, cos_phi);
+template <class Calculator, class... Values>
+Calculator With(Values... values) {
+  Calculator c;
+  c.SetParams(values...);
   return c;
 }
-ZoUiJFFHCal Peak(double kj, double kg, double sm, double pm, double qm) {
-  ZoUiJFFHCal c;
-  c.SetParams(kj, kg, sm, pm, qm);
-  return c;
-}
-ZoUiMXYXYJCal BusDrop(double du, double xd, double sst) {
-  ZoUiMXYXYJCal c;
-  c.SetParams(du, xd, sst);
-  return c;
-}
+ZoUiWDFHCal Steady(double p, double eta, double cos_phi) { return With<ZoUiWDFHCal>(p, eta, cos_phi); }
+ZoUiJFFHCal Peak(double kj, double kg, double sm, double pm, double qm) { return With<ZoUiJFFHCal>(kj, kg, sm, pm, qm); }
+ZoUiMXYXYJCal BusDrop(double du, double xd, double sst) { return With<ZoUiMXYXYJCal>(du, xd, sst); }
 // The capacity as the report shows it.
 std::string Shown(const ZoUiDieselContentCalBase& c) { return c.FormatValue(c.Calculate()); }
 

@@ -35,38 +35,6 @@ TEST_F(DieselDialogTest, OpensOnTheSteadyLoadPageWithTheReportGreyed) {
   EXPECT_EQ(dlg.Result(), ui::IDCANCEL);
 }
 
-TEST_F(DieselDialogTest, PagesAreWhiteWithTheSmallSubscriptFont) {
-  ZoUiCyfdjzrlCalDlg dlg;
-  Run(dlg, [&](ui::Dialog& d) {
-    const ui::Rect tab = Ctl(d, 215).GetWindowRect();
-    const ui::Dialog* pages[] = {&dlg.SteadyLoadPage(), &dlg.PeakLoadPage(), &dlg.BusDropPage()};
-    for (const ui::Dialog* page : pages) {
-      EXPECT_EQ(page->GetWindowRect(), (ui::Rect{tab.left + 2, tab.top + 22, tab.right - 2, tab.bottom - 2}));
-      EXPECT_EQ(page->background(), 0xFFFFFFu);
-      ui::Font expected = page->GetFont();
-      expected.height += 2;  // -11 at 8 points becomes -9
-      expected.charset = 136;
-      expected.pitch_family = 0x36;
-      ASSERT_LT(page->GetFont().height, -2);
-      for (int id : {225, 229, 231}) {
-        const ui::Control* label = page->GetDlgItem(id);
-        if (page == pages[1] && id == 231) {
-          EXPECT_EQ(label, nullptr);
-          continue;
-        }
-        ASSERT_NE(label, nullptr) << id;
-        ASSERT_NE(label->font(), nullptr) << id;
-        EXPECT_EQ(*label->font(), expected) << id;
-      }
-    }
-    // The peak-load page's "j:" and "m:" keep the dialog font.
-    for (const auto& c : dlg.PeakLoadPage().controls())
-      if (c->GetWindowText() == "j:" || c->GetWindowText() == "m:") {
-        EXPECT_EQ(c->font(), nullptr);
-      }
-  });
-}
-
 TEST_F(DieselDialogTest, SteadyLoadCalculationAndNumberReading) {
   ZoUiCyfdjzrlCalDlg dlg;
   Run(dlg, [&](ui::Dialog& d) {

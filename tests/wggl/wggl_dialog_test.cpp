@@ -74,16 +74,11 @@ class WgglDialog : public ::testing::Test {
   }
   bool Shown(const std::string& line) const { return transcript_.str().find(line) != std::string::npos; }
 
-  static ui::Control& C(ui::Dialog& d, int id) {
-    ui::Control* c = ui::FindControl(d, id);
-    if (!c) throw std::runtime_error("no control " + std::to_string(id));
-    return *c;
+  static ui::Control& Must(ui::Control* c, const std::string& what) {
+    return c ? *c : throw std::runtime_error("no control " + what);
   }
-  static ui::Control& L(ui::Dialog& d, const std::string& label) {
-    ui::Control* c = ui::FindControlByLabel(d, label);
-    if (!c) throw std::runtime_error("no control " + label);
-    return *c;
-  }
+  static ui::Control& C(ui::Dialog& d, int id) { return Must(ui::FindControl(d, id), std::to_string(id)); }
+  static ui::Control& L(ui::Dialog& d, const std::string& label) { return Must(ui::FindControlByLabel(d, label), label); }
   static std::string T(ui::Dialog& d, int id) { return C(d, id).GetWindowText(); }
   static Strings Texts(ui::Dialog& d, std::initializer_list<int> ids) {
     Strings out;
@@ -208,38 +203,28 @@ TEST_F(WgglDialog, SpinStepsStopAtTheirLimitsAndAreStoredWithoutACalculation) {
   ExpectStored({{"Zrglys", "1"}, {"Bchglys", "0.05"}, {"Fhxs", "1"}});
 }
 
-TEST_F(WgglDialog, StoredRatingIsItsIntegerPartUntilTheFirstCalculation) {
+TEST_F(WgglDialog, OnlyCalculatedValuesAreStoredAndTheRatingIsItsIntegerPartUntilTheFirst) {
   Store("Drrl", "25.5");
+  Store("Zrglys", "");  // an empty text reads as the default
+  Store("Dqxtlx", "1");
+  Store("Other", "kept");
   Run([&](CWgglbcDlg& d) {
-    EXPECT_EQ(T(d, kRating), "25.5");
+    EXPECT_EQ(Texts(d, {kRating, kCos1}), (Strings{"25.5", "0.5"}));
     EXPECT_DOUBLE_EQ(d.numbers().rating, 25);
+    EXPECT_EQ(C(d, kInUse).GetCheck(), 1);
     ui::act::Ok(d);
   });
-  EXPECT_EQ(Stored("Drrl"), "25");
+  ExpectStored({{"Drrl", "25"}, {"Dqxtlx", "1"}, {"Other", "kept"}});
   Store("Drrl", "25.5");
   Run([&](CWgglbcDlg& d) {
     Enter(d, "0.75", "0.95", "0.75", "1000");
     Calc(d);
     EXPECT_EQ(Texts(d, {kCount, kActual}), (Strings{"17", "433.5"}));  // 412.5 / 25.5 = 16.2
-    ui::act::Ok(d);
-  });
-  EXPECT_EQ(Stored("Drrl"), "25.5");
-}
-
-TEST_F(WgglDialog, OnlyCalculatedValuesAreStoredAndOtherKeysStay) {
-  Store("Zrglys", "");  // an empty text reads as the default
-  Store("Dqxtlx", "1");
-  Store("Other", "kept");
-  Run([&](CWgglbcDlg& d) {
-    EXPECT_EQ(T(d, kCos1), "0.5");
-    EXPECT_EQ(C(d, kInUse).GetCheck(), 1);
-    Enter(d, "0.75", "0.95", "0.75", "1000");
-    Calc(d);
     Enter(d, "0.6", "0.9", "0.5", "800");  // typed after the last calculation
     ui::act::Ok(d);
   });
-  ExpectStored({{"Zrglys", "0.75"}, {"Bchglys", "0.95"}, {"Fhxs", "0.75"}, {"Ygjsfh", "1000"}, {"Dqxtlx", "1"},
-                {"Other", "kept"}});
+  ExpectStored({{"Drrl", "25.5"}, {"Zrglys", "0.75"}, {"Bchglys", "0.95"}, {"Fhxs", "0.75"}, {"Ygjsfh", "1000"},
+                {"Dqxtlx", "1"}, {"Other", "kept"}});
   // Closing the window stores nothing either.
   Run([&](CWgglbcDlg& d) {
     Enter(d, "0.6", "0.9", "0.5", "800");

@@ -39,14 +39,6 @@ TEST(WgglFormulas, ACapacitorMoreOnlyBeyondTheTolerance) {
   for (const auto& [qc, n] : cases) EXPECT_EQ(CapacitorCount(qc, 30), n) << qc;
 }
 
-TEST(WgglFormulas, NaturalFactorFromLoadsAndFromEnergy) {
-  EXPECT_NEAR(NaturalFactorFromLoads(0.75, 0.75, 1000, 882), 0.75, 0.001);
-  EXPECT_NEAR(NaturalFactorFromLoads(0.75, 0.8, 1000, 0), 1.0, 1e-12);
-  EXPECT_NEAR(NaturalFactorFromEnergy(1000, 882), 0.75, 0.001);
-  EXPECT_NEAR(NaturalFactorFromEnergy(1000, 1000), std::sqrt(0.5), 1e-12);
-  EXPECT_LT(NaturalFactorFromEnergy(100, 1000), kMinNaturalFactor);
-}
-
 TEST(WgglFormulas, SpinStepsAndTheirLimits) {
   constexpr SpinKind kPf = SpinKind::PowerFactor, kCo = SpinKind::Coefficient;
   struct Case {
