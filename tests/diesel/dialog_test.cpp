@@ -1,5 +1,4 @@
 // The generator-capacity dialog through the headless host.
-#include <cmath>
 #include <fstream>
 
 #include "diesel/diesel_command.h"
