@@ -15,21 +15,15 @@ namespace {
 static_assert(!std::has_virtual_destructor_v<ZoUiDieselContentCalBase>);
 static_assert(!std::is_destructible_v<ZoUiDieselContentCalBase>);
 
-ZoUiWDFHCal Steady(double p, double eta, double cos_phi) {
-  ZoUiWDFHCal c;
-  c.SetParams(p, eta, cos_phi);
+template <class Calculator, class... Values>
+Calculator With(Values... values) {
+  Calculator c;
+  c.SetParams(values...);
   return c;
 }
-ZoUiJFFHCal Peak(double kj, double kg, double sm, double pm, double qm) {
-  ZoUiJFFHCal c;
-  c.SetParams(kj, kg, sm, pm, qm);
-  return c;
-}
-ZoUiMXYXYJCal BusDrop(double du, double xd, double sst) {
-  ZoUiMXYXYJCal c;
-  c.SetParams(du, xd, sst);
-  return c;
-}
+ZoUiWDFHCal Steady(double p, double eta, double cos_phi) { return With<ZoUiWDFHCal>(p, eta, cos_phi); }
+ZoUiJFFHCal Peak(double kj, double kg, double sm, double pm, double qm) { return With<ZoUiJFFHCal>(kj, kg, sm, pm, qm); }
+ZoUiMXYXYJCal BusDrop(double du, double xd, double sst) { return With<ZoUiMXYXYJCal>(du, xd, sst); }
 // The capacity as the report shows it.
 std::string Shown(const ZoUiDieselContentCalBase& c) { return c.FormatValue(c.Calculate()); }
 
@@ -46,30 +40,27 @@ TEST(DieselCalculators, WorkedValuesThroughTheCommonInterface) {
 }
 
 TEST(DieselCalculators, DivisorsStrictlyInsideOneMillionthGiveZero) {
-  const double nan = std::numeric_limits<double>::quiet_NaN();
   // Exactly ±1e-6 is used as a divisor.
-  EXPECT_DOUBLE_EQ(Steady(1, 1, 1e-6).Calculate(), 1e6);
-  EXPECT_DOUBLE_EQ(Steady(1, -1e-6, 1).Calculate(), -1e6);
-  EXPECT_DOUBLE_EQ(Peak(1, 1e-6, 1, 0, 0).Calculate(), 1e6);
-  EXPECT_DOUBLE_EQ(Peak(1, -1e-6, 0, 3, 4).CalculateFromPQ(), -5e6);
-  EXPECT_DOUBLE_EQ(BusDrop(1e-6, 1, 1).Calculate(), (1 - 1e-6) / 1e-6);
-  EXPECT_DOUBLE_EQ(BusDrop(-1e-6, 1, 1).Calculate(), (1 + 1e-6) / -1e-6);
-
+  const double used[][2] = {{Steady(1, 1, 1e-6).Calculate(), 1e6},
+                            {Steady(1, -1e-6, 1).Calculate(), -1e6},
+                            {Peak(1, 1e-6, 1, 0, 0).Calculate(), 1e6},
+                            {Peak(1, -1e-6, 0, 3, 4).CalculateFromPQ(), -5e6},
+                            {BusDrop(1e-6, 1, 1).Calculate(), (1 - 1e-6) / 1e-6},
+                            {BusDrop(-1e-6, 1, 1).Calculate(), (1 + 1e-6) / -1e-6}};
+  for (const auto& [got, want] : used) EXPECT_DOUBLE_EQ(got, want);
   // Inside the band: 0, whichever divisor it is.
-  EXPECT_EQ(Steady(500, 0.85, 0).Calculate(), 0.0);
-  EXPECT_EQ(Steady(500, 0.0000005, 0.8).Calculate(), 0.0);
-  EXPECT_EQ(Steady(500, 0.85, -0.0000005).Calculate(), 0.0);
-  EXPECT_EQ(Peak(0.9, 0, 600, 300, 400).Calculate(), 0.0);
-  EXPECT_EQ(Peak(0.9, 0, 600, 300, 400).CalculateFromPQ(), 0.0);
-  EXPECT_EQ(Peak(0.9, 0.0000005, 600, 300, 400).CalculateFromPQ(), 0.0);
-  EXPECT_EQ(BusDrop(0, 0.2, 1000).Calculate(), 0.0);
-  EXPECT_EQ(BusDrop(-0.0000005, 0.2, 1000).Calculate(), 0.0);
-
+  const double zero[] = {Steady(500, 0.85, 0).Calculate(),          Steady(500, 0.0000005, 0.8).Calculate(),
+                         Steady(500, 0.85, -0.0000005).Calculate(), Peak(0.9, 0, 600, 300, 400).Calculate(),
+                         Peak(0.9, 0, 600, 300, 400).CalculateFromPQ(),
+                         Peak(0.9, 0.0000005, 600, 300, 400).CalculateFromPQ(),
+                         BusDrop(0, 0.2, 1000).Calculate(),         BusDrop(-0.0000005, 0.2, 1000).Calculate()};
+  for (std::size_t i = 0; i < std::size(zero); ++i) EXPECT_EQ(zero[i], 0.0) << "case " << i;
   // Not a number is not near zero: it goes into the formula.
+  const double nan = std::numeric_limits<double>::quiet_NaN();
   EXPECT_FALSE(kestra::diesel::NearZero(nan));
-  EXPECT_TRUE(std::isnan(Steady(500, 0.85, nan).Calculate()));
-  EXPECT_TRUE(std::isnan(Peak(0.9, nan, 600, 0, 0).Calculate()));
-  EXPECT_TRUE(std::isnan(BusDrop(nan, 0.2, 1000).Calculate()));
+  for (double got : {Steady(500, 0.85, nan).Calculate(), Peak(0.9, nan, 600, 0, 0).Calculate(),
+                     BusDrop(nan, 0.2, 1000).Calculate()})
+    EXPECT_TRUE(std::isnan(got));
 }
 
 // Values for which the handbook's order and an algebraically equal one round differently.

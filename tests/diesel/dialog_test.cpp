@@ -1,5 +1,4 @@
 // The generator-capacity dialog through the headless host.
-#include <cmath>
 #include <fstream>
 
 #include "diesel/diesel_command.h"
@@ -14,82 +13,39 @@ std::string ParamsOf(const ZoUiCyfdjzrlCalDlg& dlg) { return dlg.ReportBlocks(kD
 std::string ResultsOf(const ZoUiCyfdjzrlCalDlg& dlg) { return dlg.ReportBlocks(kDate).at(13).text; }
 bool Has(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
 
+using Strings = std::vector<std::string>;
+
 TEST_F(DieselDialogTest, OpensOnTheSteadyLoadPageWithTheReportGreyed) {
   ZoUiCyfdjzrlCalDlg dlg;
   Run(dlg, [&](ui::Dialog& d) {
     EXPECT_EQ(d.GetWindowText(), "柴油发电机组容量计算");
     ui::Control& tab = Ctl(d, 215);
-    EXPECT_EQ(tab.items(), (std::vector<std::string>{"按稳定负荷计算", "按尖峰负荷计算", "按发电机母线允许压降计算"}));
+    EXPECT_EQ(tab.items(), (Strings{"按稳定负荷计算", "按尖峰负荷计算", "按发电机母线允许压降计算"}));
     EXPECT_EQ(tab.GetCurSel(), 0);
-    EXPECT_TRUE(dlg.SteadyLoadPage().IsWindowVisible());
-    EXPECT_FALSE(dlg.PeakLoadPage().IsWindowVisible());
-    EXPECT_FALSE(dlg.BusDropPage().IsWindowVisible());
-    EXPECT_EQ(Text(d, 216), "");
-    EXPECT_EQ(Text(d, 217), "0.85");
-    EXPECT_EQ(Text(d, 218), "0.8");
+    EXPECT_EQ(Shown(dlg), (std::vector<bool>{true, false, false}));
+    EXPECT_EQ(Texts(d, {216, 217, 218}), (Strings{"", "0.85", "0.8"}));
+    EXPECT_EQ(PageTexts(dlg.PeakLoadPage(), {216, 217}), (Strings{"0.9", "1.5"}));
+    EXPECT_EQ(PageTexts(dlg.BusDropPage(), {217, 218, 219}), (Strings{"0.2", "0.2", ""}));
     EXPECT_FALSE(Ctl(d, 213).IsWindowEnabled());
     EXPECT_THROW(Press(d, "计算书"), ui::ActionError);
     EXPECT_THROW(Type(d, 219, "1"), ui::ActionError);  // the result is read-only
-    // The other pages' initial texts.
-    EXPECT_EQ(dlg.PeakLoadPage().GetDlgItemText(216), "0.9");
-    EXPECT_EQ(dlg.PeakLoadPage().GetDlgItemText(217), "1.5");
-    EXPECT_EQ(dlg.BusDropPage().GetDlgItemText(217), "0.2");
-    EXPECT_EQ(dlg.BusDropPage().GetDlgItemText(218), "0.2");
-    EXPECT_EQ(dlg.BusDropPage().GetDlgItemText(219), "");
     Press(d, "关闭");
   });
   EXPECT_EQ(dlg.Result(), ui::IDCANCEL);
 }
 
-TEST_F(DieselDialogTest, PagesAreWhiteWithTheSmallSubscriptFont) {
-  ZoUiCyfdjzrlCalDlg dlg;
-  Run(dlg, [&](ui::Dialog& d) {
-    const ui::Rect tab = Ctl(d, 215).GetWindowRect();
-    const ui::Dialog* pages[] = {&dlg.SteadyLoadPage(), &dlg.PeakLoadPage(), &dlg.BusDropPage()};
-    for (const ui::Dialog* page : pages) {
-      EXPECT_EQ(page->GetWindowRect(), (ui::Rect{tab.left + 2, tab.top + 22, tab.right - 2, tab.bottom - 2}));
-      EXPECT_EQ(page->background(), 0xFFFFFFu);
-      ui::Font expected = page->GetFont();
-      expected.height += 2;  // -11 at 8 points becomes -9
-      expected.charset = 136;
-      expected.pitch_family = 0x36;
-      ASSERT_LT(page->GetFont().height, -2);
-      for (int id : {225, 229, 231}) {
-        const ui::Control* label = page->GetDlgItem(id);
-        if (page == pages[1] && id == 231) {
-          EXPECT_EQ(label, nullptr);
-          continue;
-        }
-        ASSERT_NE(label, nullptr) << id;
-        ASSERT_NE(label->font(), nullptr) << id;
-        EXPECT_EQ(*label->font(), expected) << id;
-      }
-    }
-    // The peak-load page's "j:" and "m:" keep the dialog font.
-    for (const auto& c : dlg.PeakLoadPage().controls())
-      if (c->GetWindowText() == "j:" || c->GetWindowText() == "m:") {
-        EXPECT_EQ(c->font(), nullptr);
-      }
-  });
-}
-
 TEST_F(DieselDialogTest, SteadyLoadCalculationAndNumberReading) {
   ZoUiCyfdjzrlCalDlg dlg;
   Run(dlg, [&](ui::Dialog& d) {
-    Press(d, "计算");  // P∑ empty reads as 0
+    Calculate(d, {});  // P∑ empty reads as 0
     EXPECT_EQ(Text(d, 219), "0.000");
     EXPECT_TRUE(Ctl(d, 213).IsWindowEnabled());
-    Type(d, 216, "500");
-    Press(d, "计算");
+    Calculate(d, {{216, "500"}});
     EXPECT_EQ(Text(d, 219), "735.294");
     // _wtof reading: leading blanks skipped, trailing text ignored, letters only are 0.
-    Type(d, 216, " 1.5kW");
-    Type(d, 217, "1");
-    Type(d, 218, "1e0x");
-    Press(d, "计算");
+    Calculate(d, {{216, " 1.5kW"}, {217, "1"}, {218, "1e0x"}});
     EXPECT_EQ(Text(d, 219), "1.500");
-    Type(d, 218, "abc");
-    Press(d, "计算");
+    Calculate(d, {{218, "abc"}});
     EXPECT_EQ(Text(d, 219), "0.000");
     EXPECT_TRUE(Ctl(d, 213).IsWindowEnabled());
   });
@@ -100,19 +56,15 @@ TEST_F(DieselDialogTest, PeakLoadWithoutSmUsesPmQmAndWritesSmBack) {
   ZoUiCyfdjzrlCalDlg dlg;
   Run(dlg, [&](ui::Dialog& d) {
     ui::act::Tab(d, 1);
-    Type(d, 219, "300");
-    Type(d, 220, "400");
-    Press(d, "计算");
-    EXPECT_EQ(Text(d, 218), "500.00");
-    EXPECT_EQ(Text(d, 221), "300.000");
+    Calculate(d, {{219, "300"}, {220, "400"}});
+    EXPECT_EQ(Texts(d, {218, 221}), (Strings{"500.00", "300.000"}));
     // The calculator keeps Sm = 0 until the next calculation: the report says so.
     EXPECT_EQ(dlg.PeakLoadPage().Calculator().m_dSm, 0.0);
     EXPECT_TRUE(Has(ParamsOf(dlg), "S<L>m</L>= 0.000（kVA）"));
     EXPECT_TRUE(Has(ResultsOf(dlg), "√(P<L>2m</L>+Q<L>2m</L>)=300.000\n"));
     // The second "计算" reads the written 500 and gives the same capacity.
-    Press(d, "计算");
-    EXPECT_EQ(Text(d, 221), "300.000");
-    EXPECT_EQ(Text(d, 218), "500.00");
+    Calculate(d, {});
+    EXPECT_EQ(Texts(d, {218, 221}), (Strings{"500.00", "300.000"}));
     EXPECT_EQ(dlg.PeakLoadPage().Calculator().m_dSm, 500.0);
     EXPECT_TRUE(Has(ParamsOf(dlg), "S<L>m</L>= 500.000（kVA）"));
   });
@@ -122,58 +74,37 @@ TEST_F(DieselDialogTest, PeakLoadSmRulesForEmptyAndBlankTexts) {
   ZoUiCyfdjzrlCalDlg dlg;
   Run(dlg, [&](ui::Dialog& d) {
     ui::act::Tab(d, 1);
-    // Sm, Pm and Qm all empty: 0 and nothing written back.
-    Press(d, "计算");
-    EXPECT_EQ(Text(d, 221), "0.000");
-    EXPECT_EQ(Text(d, 218), "");
-    // Only Pm given: still written back.
-    Type(d, 219, "300");
-    Press(d, "计算");
-    EXPECT_EQ(Text(d, 218), "300.00");
-    EXPECT_EQ(Text(d, 221), "180.000");
-    // A single blank is a given Sm of 0: no Pm/Qm formula, nothing written.
-    Type(d, 218, " ");
-    Type(d, 220, "400");
-    Press(d, "计算");
-    EXPECT_EQ(Text(d, 221), "0.000");
-    EXPECT_EQ(Text(d, 218), " ");
-    // Sm given: Kj/KG·Sm.
-    Type(d, 218, "600");
-    Press(d, "计算");
-    EXPECT_EQ(Text(d, 221), "360.000");
-    EXPECT_EQ(Text(d, 218), "600");
+    Calculate(d, {});  // Sm, Pm and Qm all empty: 0 and nothing written back
+    EXPECT_EQ(Texts(d, {218, 221}), (Strings{"", "0.000"}));
+    Calculate(d, {{219, "300"}});  // only Pm given: still written back
+    EXPECT_EQ(Texts(d, {218, 221}), (Strings{"300.00", "180.000"}));
+    Calculate(d, {{218, " "}, {220, "400"}});  // a single blank is a given Sm of 0: nothing written
+    EXPECT_EQ(Texts(d, {218, 221}), (Strings{" ", "0.000"}));
+    Calculate(d, {{218, "600"}});  // Sm given: Kj/KG·Sm
+    EXPECT_EQ(Texts(d, {218, 221}), (Strings{"600", "360.000"}));
   });
 }
 
 TEST_F(DieselDialogTest, BusDropPageAndTabSwitchingKeepEverything) {
   ZoUiCyfdjzrlCalDlg dlg;
   Run(dlg, [&](ui::Dialog& d) {
-    Type(d, 216, "500");
-    Press(d, "计算");
+    Calculate(d, {{216, "500"}});
     ui::act::Tab(d, 2);
     EXPECT_EQ(dlg.CurrentPage(), 2);
-    EXPECT_FALSE(dlg.SteadyLoadPage().IsWindowVisible());
-    EXPECT_TRUE(dlg.BusDropPage().IsWindowVisible());
-    Type(d, 219, "1000");
-    Press(d, "计算");
+    EXPECT_EQ(Shown(dlg), (std::vector<bool>{false, false, true}));
+    Calculate(d, {{219, "1000"}});
     EXPECT_EQ(Text(d, 216), "800.000");  // 216 is this page's result
-    Type(d, 217, "1");
-    Press(d, "计算");
+    Calculate(d, {{217, "1"}});
     EXPECT_EQ(Text(d, 216), "0.000");
     ui::act::Tab(d, 1);
     Type(d, 218, "600");
     ui::act::Tab(d, 0);  // back without calculating the peak load
-    EXPECT_EQ(Text(d, 216), "500");
-    EXPECT_EQ(Text(d, 219), "735.294");
+    EXPECT_EQ(Texts(d, {216, 219}), (Strings{"500", "735.294"}));
     ui::act::Tab(d, 2);
-    EXPECT_EQ(Text(d, 217), "1");
-    EXPECT_EQ(Text(d, 219), "1000");
-    EXPECT_EQ(Text(d, 216), "0.000");
+    EXPECT_EQ(Texts(d, {217, 219, 216}), (Strings{"1", "1000", "0.000"}));
     ui::act::Tab(d, 1);
-    EXPECT_EQ(Text(d, 218), "600");
-    EXPECT_EQ(Text(d, 221), "");
-    // "计算" computes the shown page only.
-    Press(d, "计算");
+    EXPECT_EQ(Texts(d, {218, 221}), (Strings{"600", ""}));
+    Press(d, "计算");  // computes the shown page only
     EXPECT_EQ(Text(d, 221), "360.000");
     EXPECT_EQ(dlg.SteadyLoadPage().GetDlgItemText(219), "735.294");
   });
@@ -182,61 +113,42 @@ TEST_F(DieselDialogTest, BusDropPageAndTabSwitchingKeepEverything) {
 TEST_F(DieselDialogTest, ReportShowsEachPagesLastCalculation) {
   ZoUiCyfdjzrlCalDlg dlg;
   Run(dlg, [&](ui::Dialog& d) {
-    Type(d, 216, "500");
-    Press(d, "计算");
-    Type(d, 216, "900");   // edited after the calculation
+    Calculate(d, {{216, "500"}});
+    Type(d, 216, "900");  // edited after the calculation
     ui::act::Tab(d, 2);
     Type(d, 219, "1000");  // never calculated
     Press(d, "计算书");
   });
-  const std::string params = ParamsOf(dlg);
-  const std::string results = ResultsOf(dlg);
-  EXPECT_TRUE(Has(params, "P<L>∑</L>=500.000（kW）")) << params;
-  EXPECT_TRUE(Has(results, "cosφ）=735.294\n")) << results;
-  // The pages not calculated report zeros throughout.
-  EXPECT_TRUE(Has(params, "K<L>j</L>= 0.000，")) << params;
-  EXPECT_TRUE(Has(params, "S<L>st△</L>= 0.000（kVA）")) << params;
-  EXPECT_TRUE(Has(results, "√(P<L>2m</L>+Q<L>2m</L>)=0.000\n")) << results;
-  EXPECT_TRUE(Has(results, "S<L>st△</L>=0.000\n")) << results;
+  // The steady load as calculated; the pages never calculated as calculators never given values.
+  ZoUiWDFHCal steady;
+  steady.SetParams(500, 0.85, 0.8);
+  EXPECT_EQ(ParamsOf(dlg), steady.GetParamText() + ZoUiJFFHCal().GetParamText() + ZoUiMXYXYJCal().GetParamText());
+  EXPECT_EQ(ResultsOf(dlg),
+            steady.GetResultText() + ZoUiJFFHCal().GetResultText() + ZoUiMXYXYJCal().GetResultText());
   EXPECT_TRUE(host_.messages().empty());
 }
 
-TEST_F(DieselDialogTest, CommandRunsTheDialogAndLeavesNothingOpen) {
+TEST_F(DieselDialogTest, CommandRunsTheDialogWritesTheReportAndLeavesNothingOpen) {
   host_.SetDriver([&](ui::Dialog& d) {
-    Type(d, 216, "500");
-    Press(d, "计算");
+    Calculate(d, {{216, "500"}});
     EXPECT_EQ(Text(d, 219), "735.294");
-    Press(d, "关闭");
-  });
-  kestra::diesel::RunDieselCommand();
-  EXPECT_EQ(transcript_.str(), "[dialog] 柴油发电机组容量计算\n[closed] 柴油发电机组容量计算 Cancel\n");
-  EXPECT_TRUE(host_.open_dialogs().empty());
-}
-
-}  // namespace
-
-namespace {
-
-TEST_F(DieselDialogTest, ReportButtonWritesTheDocument) {
-  ZoUiCyfdjzrlCalDlg dlg;
-  Run(dlg, [&](ui::Dialog& d) {
-    Type(d, 216, "500");
-    Press(d, "计算");
     Press(d, "计算书");
     EXPECT_EQ(host_.wait_cursor_depth(), 0);
     Press(d, "关闭");
   });
+  kestra::diesel::RunDieselCommand();
+  EXPECT_TRUE(host_.open_dialogs().empty());
+  EXPECT_TRUE(host_.messages().empty());
   const std::string t = transcript_.str();
-  const std::size_t at = t.find("[report] ");
-  ASSERT_NE(at, std::string::npos) << t;
-  const std::string path = t.substr(at + 9, t.find('\n', at) - at - 9);
-  EXPECT_EQ(std::filesystem::path(path).parent_path(), report_dir_);
-  EXPECT_EQ(std::filesystem::path(path).filename().string().rfind("柴油发电机组容量计算", 0), 0u) << path;
-  const auto xml = kestra::report::testing::ReadZipMember(path, "word/document.xml");
+  const std::string head = "[dialog] 柴油发电机组容量计算\n[report] ", tail = "\n[closed] 柴油发电机组容量计算 Cancel\n";
+  ASSERT_TRUE(t.size() > head.size() + tail.size() && t.rfind(head, 0) == 0 && t.ends_with(tail)) << t;
+  const std::filesystem::path path = t.substr(head.size(), t.size() - head.size() - tail.size());
+  EXPECT_EQ(path.parent_path(), report_dir_);
+  EXPECT_EQ(path.filename().string().rfind("柴油发电机组容量计算", 0), 0u) << path;
+  const auto xml = kestra::report::testing::ReadZipMember(path.string(), "word/document.xml");
   ASSERT_TRUE(xml.has_value());
   EXPECT_NE(xml->find("735.294"), std::string::npos);
   EXPECT_NE(xml->find("按发电机母线允许压降计算发电机容量"), std::string::npos);
-  EXPECT_TRUE(host_.messages().empty());
 }
 
 TEST_F(DieselDialogTest, ReportThatCannotBeCreatedSaysSoAndTheDialogGoesOn) {
@@ -245,14 +157,12 @@ TEST_F(DieselDialogTest, ReportThatCannotBeCreatedSaysSoAndTheDialogGoesOn) {
   { std::ofstream(report_dir_) << "not a folder"; }
   ZoUiCyfdjzrlCalDlg dlg;
   Run(dlg, [&](ui::Dialog& d) {
-    Type(d, 216, "500");
-    Press(d, "计算");
+    Calculate(d, {{216, "500"}});
     Press(d, "计算书");
-    Type(d, 216, "1000");
-    Press(d, "计算");
+    Calculate(d, {{216, "1000"}});
     EXPECT_EQ(Text(d, 219), "1470.588");
   });
-  EXPECT_EQ(host_.messages(), (std::vector<std::string>{"创建Word实例失败!"}));
+  EXPECT_EQ(host_.messages(), (Strings{"创建Word实例失败!"}));
   EXPECT_NE(transcript_.str().find("[message] OrvelKestra: 创建Word实例失败!\n"), std::string::npos);
   EXPECT_EQ(transcript_.str().find("[report]"), std::string::npos);
 }

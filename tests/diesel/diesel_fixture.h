@@ -5,9 +5,12 @@
 
 #include <filesystem>
 #include <functional>
+#include <initializer_list>
 #include <memory>
 #include <sstream>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "diesel/diesel_dialog.h"
 #include "shell/module_state.h"
@@ -43,10 +46,31 @@ class DieselDialogTest : public ::testing::Test {
   }
   static void Type(ui::Dialog& d, int id, const std::string& text) { ui::act::SetText(Ctl(d, id), text); }
   static std::string Text(ui::Dialog& d, int id) { return Ctl(d, id).GetWindowText(); }
+  // The texts of several edits: on the shown page, or on a page shown or not.
+  static std::vector<std::string> Texts(ui::Dialog& d, std::initializer_list<int> ids) {
+    std::vector<std::string> out;
+    for (int id : ids) out.push_back(Text(d, id));
+    return out;
+  }
+  static std::vector<std::string> PageTexts(const ui::Dialog& page, std::initializer_list<int> ids) {
+    std::vector<std::string> out;
+    for (int id : ids) out.push_back(page.GetDlgItemText(id));
+    return out;
+  }
+  // Which of the three pages are shown.
+  static std::vector<bool> Shown(const ZoUiCyfdjzrlCalDlg& dlg) {
+    return {dlg.SteadyLoadPage().IsWindowVisible(), dlg.PeakLoadPage().IsWindowVisible(),
+            dlg.BusDropPage().IsWindowVisible()};
+  }
   static void Press(ui::Dialog& d, const std::string& caption) {
     ui::Control* c = ui::FindControlByLabel(d, caption);
     if (!c) throw std::runtime_error("no button " + caption);
     ui::act::Click(*c);
+  }
+  // Types into the shown page, then presses "计算".
+  static void Calculate(ui::Dialog& d, std::initializer_list<std::pair<int, const char*>> texts) {
+    for (const auto& [id, text] : texts) Type(d, id, text);
+    Press(d, "计算");
   }
 
   std::filesystem::path report_dir_;  // where "计算书" writes, one folder per test

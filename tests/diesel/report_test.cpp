@@ -23,36 +23,24 @@ TEST(DieselReport, BlocksForTheWorkedValues) {
   const kestra::report::Blocks blocks = kestra::diesel::BuildDieselReport(steady, peak, bus, "2026-11-22");
 
   ASSERT_EQ(blocks.size(), 15u);
-  EXPECT_EQ(blocks[0], (Block{BlockKind::Title, "柴油发电机组容量计算"}));
   // The notice: one line, then an empty line.
-  EXPECT_EQ(blocks[1].kind, BlockKind::Plain);
   const std::string& notice = blocks[1].text;
   ASSERT_GE(notice.size(), 3u);
   EXPECT_EQ(notice.find('\n'), notice.size() - 2) << notice;
   EXPECT_EQ(notice.substr(notice.size() - 2), "\n\n");
-  EXPECT_EQ(blocks[2], (Block{BlockKind::Plain, "计算时间: 2026-11-22\n"}));
-  EXPECT_EQ(blocks[3], (Block{BlockKind::Plain, "设 计 院:\n"}));
-  EXPECT_EQ(blocks[4], (Block{BlockKind::Plain, "工    程:\n"}));
-  EXPECT_EQ(blocks[5], (Block{BlockKind::Plain, "计 算 者:"}));
-  // A failure in the paragraph break that closes the header already counts as the body's.
-  EXPECT_EQ(blocks[6].kind, BlockKind::HeaderDone);
-  EXPECT_EQ(blocks[7].kind, BlockKind::NewParagraph);
-  EXPECT_EQ(blocks[8], (Block{BlockKind::Heading, "计算依据"}));
-  EXPECT_EQ(blocks[9], (Block{BlockKind::Body,
-                              "\t根据《工业与民用配电设计手册》第三版66页柴油发电机组容量选择计算公式（2-6）（2-7）（2-8）"}));
-  EXPECT_EQ(blocks[10], (Block{BlockKind::Heading, "计算参数"}));
-  EXPECT_EQ(blocks[11], (Block{BlockKind::Body, steady.GetParamText() + peak.GetParamText() + bus.GetParamText()}));
-  EXPECT_EQ(blocks[12], (Block{BlockKind::Heading, "计算结果"}));
-  EXPECT_EQ(blocks[13],
-            (Block{BlockKind::BodyEnd, steady.GetResultText() + peak.GetResultText() + bus.GetResultText()}));
-  EXPECT_EQ(blocks[14], (Block{BlockKind::DocumentFont, "宋体"}));
-
-  // The three capacities in the order of the methods.
-  const std::regex capacity("=(-?[0-9]+\\.[0-9]{3})\n");
-  std::vector<std::string> values;
-  for (std::sregex_iterator it(blocks[13].text.begin(), blocks[13].text.end(), capacity), end; it != end; ++it)
-    values.push_back((*it)[1]);
-  EXPECT_EQ(values, (std::vector<std::string>{"735.294", "360.000", "800.000"}));
+  const Block want[] = {
+      {BlockKind::Title, "柴油发电机组容量计算"}, {BlockKind::Plain, notice},
+      {BlockKind::Plain, "计算时间: 2026-11-22\n"}, {BlockKind::Plain, "设 计 院:\n"},
+      {BlockKind::Plain, "工    程:\n"}, {BlockKind::Plain, "计 算 者:"},
+      // A failure in the paragraph break that closes the header already counts as the body's.
+      {BlockKind::HeaderDone, ""}, {BlockKind::NewParagraph, ""}, {BlockKind::Heading, "计算依据"},
+      {BlockKind::Body, "\t根据《工业与民用配电设计手册》第三版66页柴油发电机组容量选择计算公式（2-6）（2-7）（2-8）"},
+      {BlockKind::Heading, "计算参数"},
+      {BlockKind::Body, steady.GetParamText() + peak.GetParamText() + bus.GetParamText()},
+      {BlockKind::Heading, "计算结果"},
+      {BlockKind::BodyEnd, steady.GetResultText() + peak.GetResultText() + bus.GetResultText()},
+      {BlockKind::DocumentFont, "宋体"}};
+  for (std::size_t i = 0; i < std::size(want); ++i) EXPECT_EQ(blocks[i], want[i]) << i;
 }
 
 // What the document holds after the blocks: the header lines as paragraphs, the symbols as

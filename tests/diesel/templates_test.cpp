@@ -1,7 +1,9 @@
-// The templates as a renderer shows them: sizes and fonts, and on each page every label
-// readable (wrapping where it is lines high), nothing outside the page, nothing on top of
-// another control, every row inside its group box.
+// The templates as a renderer shows them: sizes and fonts, white pages with the small subscript
+// font, and on each page every label readable (wrapping where it is lines high), nothing outside
+// the page, nothing on top of another control, every row inside its group box.
 #include <algorithm>
+#include <tuple>
+#include <vector>
 
 #include "diesel_fixture.h"
 #include "res/embedded.h"
@@ -21,22 +23,18 @@ TEST_F(DieselDialogTest, TemplateSizesFontsAndStyles) {
   // Every script of res/ is carried, not only the first: the module's strings are there too.
   ASSERT_NE(res.FindString(100), nullptr);
   EXPECT_EQ(*res.FindString(100), "OrvelKestra");
-  struct Expect {
-    int id, cx, cy;
-    bool child;
-  };
-  for (const Expect& e : {Expect{200, 256, 230, false}, Expect{201, 241, 190, true}, Expect{202, 241, 190, true},
-                          Expect{203, 241, 189, true}}) {
-    const ui::DialogTemplate* t = res.FindDialog(e.id);
-    ASSERT_NE(t, nullptr) << e.id;
-    EXPECT_EQ(t->cx, e.cx) << e.id;
-    EXPECT_EQ(t->cy, e.cy) << e.id;
+  // The main dialog, then its three pages: child windows without caption or border.
+  const int sizes[][3] = {{200, 256, 230}, {201, 241, 190}, {202, 241, 190}, {203, 241, 189}};
+  for (const auto& [id, cx, cy] : sizes) {
+    const ui::DialogTemplate* t = res.FindDialog(id);
+    ASSERT_NE(t, nullptr) << id;
+    EXPECT_EQ((std::vector<int>{t->cx, t->cy, t->font_points}), (std::vector<int>{cx, cy, 8})) << id;
     EXPECT_EQ(t->font_face, "MS Shell Dlg");
-    EXPECT_EQ(t->font_points, 8);
-    EXPECT_EQ(t->Has("WS_CHILD"), e.child) << e.id;
-    if (e.child) {
-      EXPECT_FALSE(t->Has("WS_CAPTION") || t->Has("WS_BORDER") || t->Has("DS_MODALFRAME")) << e.id;
-      EXPECT_FALSE(t->Has("WS_VISIBLE")) << e.id;  // the dialog shows one page at a time
+    const bool child = id != 200;
+    EXPECT_EQ(t->Has("WS_CHILD"), child) << id;
+    if (child) {
+      EXPECT_FALSE(t->Has("WS_CAPTION") || t->Has("WS_BORDER") || t->Has("DS_MODALFRAME")) << id;
+      EXPECT_FALSE(t->Has("WS_VISIBLE")) << id;  // the dialog shows one page at a time
     }
   }
   const ui::ControlTemplate* tab = res.FindDialog(200)->Find(215);
@@ -52,7 +50,7 @@ TEST_F(DieselDialogTest, TemplateSizesFontsAndStyles) {
   }
 }
 
-TEST_F(DieselDialogTest, PagesAreLaidOutCleanly) {
+TEST_F(DieselDialogTest, PagesAreWhiteWithTheSubscriptFontAndLaidOutCleanly) {
   ZoUiCyfdjzrlCalDlg dlg;
   Run(dlg, [&](ui::Dialog& d) {
     // Main dialog: the buttons below the tab control, everything inside the dialog.
@@ -66,6 +64,24 @@ TEST_F(DieselDialogTest, PagesAreLaidOutCleanly) {
     }
     const ui::Dialog* pages[] = {&dlg.SteadyLoadPage(), &dlg.PeakLoadPage(), &dlg.BusDropPage()};
     for (const ui::Dialog* page : pages) {
+      EXPECT_EQ(page->GetWindowRect(), (ui::Rect{tab.left + 2, tab.top + 22, tab.right - 2, tab.bottom - 2}));
+      EXPECT_EQ(page->background(), 0xFFFFFFu);
+      // The subscript labels with an id: 2 units smaller (-11 at 8 points becomes -9), charset 136, 0x36.
+      ui::Font small = page->GetFont();
+      ASSERT_LT(small.height, -2);
+      small.height += 2;
+      small.charset = 136;
+      small.pitch_family = 0x36;
+      for (int id : {225, 229, 231}) {
+        const ui::Control* label = page->GetDlgItem(id);
+        if (page == pages[1] && id == 231) {
+          EXPECT_EQ(label, nullptr);
+          continue;
+        }
+        ASSERT_NE(label, nullptr) << id;
+        ASSERT_NE(label->font(), nullptr) << id;
+        EXPECT_EQ(*label->font(), small) << id;
+      }
       const ui::Rect area = page->GetClientRect();  // the part of the tab control it covers
       std::vector<const ui::Control*> groups, others;
       for (const auto& c : page->controls())
@@ -92,23 +108,18 @@ TEST_F(DieselDialogTest, PagesAreLaidOutCleanly) {
           EXPECT_LE(text.cx, r.Width() * lines) << what;
           EXPECT_GE(r.Height(), text.cy) << what;
         }
+        // The peak-load page's "j:" and "m:" have no id and keep the dialog font.
+        if (c->GetWindowText() == "j:" || c->GetWindowText() == "m:") {
+          EXPECT_EQ(c->font(), nullptr) << what;
+        }
       }
     }
   });
 }
 
-}  // namespace
-
-namespace {
-
 // Scripts name an edit by the label a designer reads beside it.
 TEST_F(DieselDialogTest, EditsAreFoundByTheirDescriptiveLabels) {
-  struct Row {
-    int page;
-    const char* label;
-    int id;
-  };
-  const Row rows[] = {
+  const std::tuple<int, const char*, int> rows[] = {  // page, label, edit
       {0, "发电机总负荷计算功率", 216},
       {0, "所带负荷的综合效率", 217},
       {0, "发电机额定功率因数", 218},
@@ -126,13 +137,13 @@ TEST_F(DieselDialogTest, EditsAreFoundByTheirDescriptiveLabels) {
   };
   ZoUiCyfdjzrlCalDlg dlg;
   Run(dlg, [&](ui::Dialog& d) {
-    for (const Row& row : rows) {
-      ui::act::Tab(d, row.page);
-      ui::Control* edit = ui::FindControlByLabel(d, row.label);
-      ASSERT_NE(edit, nullptr) << row.label;
-      EXPECT_EQ(edit->id(), row.id) << row.label;
-      EXPECT_EQ(edit->kind(), ui::Kind::Edit) << row.label;
-      EXPECT_TRUE(edit->IsWindowVisible() && edit->owner()->IsWindowVisible()) << row.label;
+    for (const auto& [page, label, id] : rows) {
+      ui::act::Tab(d, page);
+      ui::Control* edit = ui::FindControlByLabel(d, label);
+      ASSERT_NE(edit, nullptr) << label;
+      EXPECT_EQ(edit->id(), id) << label;
+      EXPECT_EQ(edit->kind(), ui::Kind::Edit) << label;
+      EXPECT_TRUE(edit->IsWindowVisible() && edit->owner()->IsWindowVisible()) << label;
     }
   });
 }

@@ -5,6 +5,9 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <initializer_list>
+#include <iterator>
+#include <regex>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -22,6 +25,12 @@
 namespace fs = std::filesystem;
 
 namespace {
+
+using Strings = std::vector<std::string>;
+
+const char* const kNegative =
+    "补偿容量结果不能为负,请查看自然平均功率因数和补偿后功率因数,单击确认,结果取绝对值";
+const char* const kOutOfRange = "计算出的自然平均功率因数(范围从0.1到1.0)超出最小值范围";
 
 class WgglDialog : public ::testing::Test {
  protected:
@@ -55,31 +64,40 @@ class WgglDialog : public ::testing::Test {
     const auto* node = tree.GetSubValueFromPathW(0, "Wgglbc\\" + key);
     return node ? node->Text() : "<missing>";
   }
-
+  void ExpectStored(std::initializer_list<std::pair<const char*, const char*>> keys) const {
+    for (const auto& [key, text] : keys) EXPECT_EQ(Stored(key), text) << key;
+  }
   void Store(const std::string& key, const std::string& text) {
     CInterDpData tree;
     tree.ReadDataFromIdpFile(ParamFile().string());
     kestra::idp::SetValue(tree, "Wgglbc\\" + key, text);
     tree.WriteDataToIdpFile(ParamFile().string());
   }
+  bool Shown(const std::string& line) const { return transcript_.str().find(line) != std::string::npos; }
 
-  static ui::Control& C(ui::Dialog& d, int id) {
-    ui::Control* c = ui::FindControl(d, id);
-    if (!c) throw std::runtime_error("no control " + std::to_string(id));
-    return *c;
+  static ui::Control& Must(ui::Control* c, const std::string& what) {
+    return c ? *c : throw std::runtime_error("no control " + what);
   }
-  static ui::Control& L(ui::Dialog& d, const std::string& label) {
-    ui::Control* c = ui::FindControlByLabel(d, label);
-    if (!c) throw std::runtime_error("no control " + label);
-    return *c;
-  }
+  static ui::Control& C(ui::Dialog& d, int id) { return Must(ui::FindControl(d, id), std::to_string(id)); }
+  static ui::Control& L(ui::Dialog& d, const std::string& label) { return Must(ui::FindControlByLabel(d, label), label); }
   static std::string T(ui::Dialog& d, int id) { return C(d, id).GetWindowText(); }
-
+  static Strings Texts(ui::Dialog& d, std::initializer_list<int> ids) {
+    Strings out;
+    for (int id : ids) out.push_back(T(d, id));
+    return out;
+  }
+  static void Calc(ui::Dialog& d) { ui::act::Click(L(d, "计算")); }
   static void Enter(ui::Dialog& d, const char* cos1, const char* cos2, const char* alpha, const char* pjs) {
     ui::act::SetText(C(d, kCos1), cos1);
     ui::act::SetText(C(d, kCos2), cos2);
     ui::act::SetText(C(d, kAlpha), alpha);
     ui::act::SetText(C(d, kPjs), pjs);
+  }
+  // Types into a sub-dialog and presses "确认"; true when it closed.
+  static bool Confirm(ui::Dialog& s, std::initializer_list<std::pair<int, const char*>> texts) {
+    for (const auto& [id, text] : texts) ui::act::SetText(C(s, id), text);
+    ui::act::Click(L(s, "确认"));
+    return s.IsEnded();
   }
 
   // Control ids of the templates.
@@ -95,212 +113,151 @@ TEST_F(WgglDialog, WorkedExampleWithDefaultsAndWhatOkStores) {
   Run([&](CWgglbcDlg& d) {
     EXPECT_EQ(d.GetWindowText(), "无功功率补偿");
     // Every default of a missing file.
-    EXPECT_EQ(T(d, kCos1), "0.5");
-    EXPECT_EQ(T(d, kCos2), "0.5");
-    EXPECT_EQ(T(d, kAlpha), "0.75");
-    EXPECT_EQ(T(d, kPjs), "0");
-    EXPECT_EQ(T(d, kRating), "30");
-    EXPECT_EQ(T(d, kQc), "");
+    EXPECT_EQ(Texts(d, {kCos1, kCos2, kAlpha, kPjs, kRating, kQc}), (Strings{"0.5", "0.5", "0.75", "0", "30", ""}));
     EXPECT_EQ(C(d, kBox).GetCheck(), 1);
     EXPECT_EQ(C(d, kDesign).GetCheck(), 1);
     EXPECT_EQ(C(d, kInUse).GetCheck(), 0);
     Enter(d, "0.75", "0.95", "0.75", "1000");
-    ui::act::Click(L(d, "计算"));
-    EXPECT_EQ(T(d, kQc), "412.5");
-    EXPECT_EQ(T(d, kCount), "14");
-    EXPECT_EQ(T(d, kActual), "420");
+    Calc(d);
+    EXPECT_EQ(Texts(d, {kQc, kCount, kActual}), (Strings{"412.5", "14", "420"}));
     EXPECT_TRUE(d.calculated());
-    // A rating that divides Qc exactly: no capacitor more.
-    ui::act::SetText(C(d, kRating), "27.5");
-    ui::act::Click(L(d, "计算"));
-    EXPECT_EQ(T(d, kCount), "15");
-    EXPECT_EQ(T(d, kActual), "412.5");
+    ui::act::SetText(C(d, kRating), "27.5");  // divides Qc exactly: no capacitor more
+    Calc(d);
+    EXPECT_EQ(Texts(d, {kCount, kActual}), (Strings{"15", "412.5"}));
     ui::act::Ok(d);
   });
   EXPECT_TRUE(host_.messages().empty());
-  EXPECT_NE(transcript_.str().find("[closed] 无功功率补偿 OK"), std::string::npos);
-  EXPECT_EQ(Stored("Zrglys"), "0.75");
-  EXPECT_EQ(Stored("Bchglys"), "0.95");
-  EXPECT_EQ(Stored("Fhxs"), "0.75");
-  EXPECT_EQ(Stored("Ygjsfh"), "1000");
-  EXPECT_EQ(Stored("Drrl"), "27.5");
-  EXPECT_EQ(Stored("Sfdrsl"), "1");
-  EXPECT_EQ(Stored("Dqxtlx"), "0");
-  EXPECT_EQ(Stored("Ygfhxs"), "0.75");
-  EXPECT_EQ(Stored("Wgfhxs"), "0.75");
-  EXPECT_EQ(Stored("Wgjsfh"), "0");
-  EXPECT_EQ(Stored("Ygdn"), "0");
-  EXPECT_EQ(Stored("Wgdn"), "0");
+  EXPECT_TRUE(Shown("[closed] 无功功率补偿 OK"));
+  ExpectStored({{"Zrglys", "0.75"}, {"Bchglys", "0.95"}, {"Fhxs", "0.75"}, {"Ygjsfh", "1000"}, {"Drrl", "27.5"},
+                {"Sfdrsl", "1"}, {"Dqxtlx", "0"}, {"Ygfhxs", "0.75"}, {"Wgfhxs", "0.75"}, {"Wgjsfh", "0"},
+                {"Ygdn", "0"}, {"Wgdn", "0"}});
 }
 
 TEST_F(WgglDialog, MessagesOfTheCalculation) {
   Run([&](CWgglbcDlg& d) {
     Enter(d, "0.95", "0.75", "0.75", "1000");
-    ui::act::Click(L(d, "计算"));
+    Calc(d);
     EXPECT_EQ(T(d, kQc), "412.5");  // shown as its absolute value
     // No rating: the count is left as it was, the calculation still counts as done.
     Enter(d, "0.75", "0.95", "0.75", "1000");
-    ui::act::Click(L(d, "计算"));
-    EXPECT_EQ(T(d, kCount), "14");
+    Calc(d);
     ui::act::SetText(C(d, kRating), "");
-    ui::act::Click(L(d, "计算"));
-    EXPECT_EQ(T(d, kCount), "14");
-    EXPECT_EQ(T(d, kActual), "420");
+    Calc(d);
+    EXPECT_EQ(Texts(d, {kCount, kActual}), (Strings{"14", "420"}));
     EXPECT_TRUE(d.calculated());
     // A power factor without a finite tangent: told, nothing computed.
     ui::act::SetText(C(d, kCos1), "0");
     ui::act::SetText(C(d, kPjs), "2000");
-    ui::act::Click(L(d, "计算"));
+    Calc(d);
     EXPECT_EQ(T(d, kQc), "412.5");
     EXPECT_FALSE(d.calculated());
     ui::act::SetText(C(d, kCos1), "0.8");
     ui::act::SetText(C(d, kCos2), "1.2");
-    ui::act::Click(L(d, "计算"));
+    Calc(d);
     EXPECT_FALSE(d.calculated());
     ui::act::Cancel(d);
   });
-  ASSERT_EQ(host_.messages().size(), 4u);
-  EXPECT_EQ(host_.messages()[0],
-            "补偿容量结果不能为负,请查看自然平均功率因数和补偿后功率因数,单击确认,结果取绝对值");
-  EXPECT_EQ(host_.messages()[1], "没有输入单个电容器额定容量或不能为零,无法计算单个电容器的数量!");
-  EXPECT_EQ(host_.messages()[2], "'自然平均功率因数'输入非法, 请输入[-1, 1]之间非零实数!");
-  EXPECT_EQ(host_.messages()[3], "'补偿后功率因数'输入非法, 请输入[-1, 1]之间非零实数!");
-  EXPECT_NE(transcript_.str().find("[message] 警告: 补偿容量结果不能为负"), std::string::npos);
+  EXPECT_EQ(host_.messages(), (Strings{kNegative, "没有输入单个电容器额定容量或不能为零,无法计算单个电容器的数量!",
+                                       "'自然平均功率因数'输入非法, 请输入[-1, 1]之间非零实数!",
+                                       "'补偿后功率因数'输入非法, 请输入[-1, 1]之间非零实数!"}));
+  EXPECT_TRUE(Shown("[message] 警告: 补偿容量结果不能为负"));
   EXPECT_FALSE(fs::exists(ParamFile()));  // cancel stores nothing
 }
 
 TEST_F(WgglDialog, CapacitorControlsFollowTheCheckBox) {
   Store("Sfdrsl", "0");
+  auto expect_enabled = [](ui::Dialog& d, bool on) {
+    for (int id : {1012, 1013, 1014, 1020, 1021, 1022, 1023, 1024}) EXPECT_EQ(C(d, id).IsWindowEnabled(), on) << id;
+  };
   Run([&](CWgglbcDlg& d) {
-    for (int id : {1012, 1013, 1014, 1020, 1021, 1022, 1023, 1024}) EXPECT_FALSE(C(d, id).IsWindowEnabled()) << id;
+    expect_enabled(d, false);
     EXPECT_THROW(ui::act::SetText(C(d, kRating), "40"), ui::ActionError);
     Enter(d, "0.75", "0.95", "0.75", "1000");
-    ui::act::Click(L(d, "计算"));
+    Calc(d);
     EXPECT_EQ(T(d, kCount), "");  // no count without the box
     ui::act::Click(C(d, kBox));
-    for (int id : {1012, 1013, 1014, 1020, 1021, 1022, 1023, 1024}) EXPECT_TRUE(C(d, id).IsWindowEnabled()) << id;
-    ui::act::Click(L(d, "计算"));
+    expect_enabled(d, true);
+    Calc(d);
     EXPECT_EQ(T(d, kCount), "14");
     ui::act::Click(C(d, kBox));
-    EXPECT_FALSE(C(d, kRating).IsWindowEnabled());
+    expect_enabled(d, false);
     ui::act::Ok(d);
   });
   EXPECT_EQ(Stored("Sfdrsl"), "0");
 }
 
-TEST_F(WgglDialog, SpinStepsStopAtTheirLimits) {
+TEST_F(WgglDialog, SpinStepsStopAtTheirLimitsAndAreStoredWithoutACalculation) {
   Run([&](CWgglbcDlg& d) {
-    ui::act::SetText(C(d, kAlpha), "0.01");
-    ui::act::Spin(C(d, kAlpha), /*up=*/false);
-    EXPECT_EQ(T(d, kAlpha), "0");
-    ui::act::Spin(C(d, kAlpha), false);
-    EXPECT_EQ(T(d, kAlpha), "0.01");
-    ui::act::SetText(C(d, kAlpha), "0.99");
-    ui::act::Spin(C(d, kAlpha), true, 3);
-    EXPECT_EQ(T(d, kAlpha), "1");
-    ui::act::SetText(C(d, kCos1), "0.75");
-    ui::act::Spin(C(d, kCos1), true);
-    EXPECT_EQ(T(d, kCos1), "0.8");
-    ui::act::SetText(C(d, kCos1), "1");
-    ui::act::Spin(C(d, kCos1), true);
-    EXPECT_EQ(T(d, kCos1), "1");
-    ui::act::SetText(C(d, kCos2), "0.1");
-    ui::act::Spin(C(d, kCos2), false, 2);
-    EXPECT_EQ(T(d, kCos2), "0.05");
+    auto spin = [&](int id, const char* from, bool up, int times) {
+      if (from) ui::act::SetText(C(d, id), from);
+      ui::act::Spin(C(d, id), up, times);
+      return T(d, id);
+    };
+    EXPECT_EQ(spin(kAlpha, "0.01", false, 1), "0");
+    EXPECT_EQ(spin(kAlpha, nullptr, false, 1), "0.01");
+    EXPECT_EQ(spin(kAlpha, "0.99", true, 3), "1");
+    EXPECT_EQ(spin(kCos1, "0.75", true, 1), "0.8");
+    EXPECT_EQ(spin(kCos1, "1", true, 1), "1");
+    EXPECT_EQ(spin(kCos2, "0.1", false, 2), "0.05");
     ui::act::Ok(d);
   });
-  // A spin step sets the number, so it is stored without a calculation.
-  EXPECT_EQ(Stored("Zrglys"), "1");
-  EXPECT_EQ(Stored("Bchglys"), "0.05");
-  EXPECT_EQ(Stored("Fhxs"), "1");
+  ExpectStored({{"Zrglys", "1"}, {"Bchglys", "0.05"}, {"Fhxs", "1"}});
 }
 
-TEST_F(WgglDialog, StoredRatingIsItsIntegerPartUntilTheFirstCalculation) {
+TEST_F(WgglDialog, OnlyCalculatedValuesAreStoredAndTheRatingIsItsIntegerPartUntilTheFirst) {
   Store("Drrl", "25.5");
-  Run([&](CWgglbcDlg& d) {
-    EXPECT_EQ(T(d, kRating), "25.5");
-    EXPECT_DOUBLE_EQ(d.numbers().rating, 25);
-    ui::act::Ok(d);
-  });
-  EXPECT_EQ(Stored("Drrl"), "25");
-  Store("Drrl", "25.5");
-  Run([&](CWgglbcDlg& d) {
-    Enter(d, "0.75", "0.95", "0.75", "1000");
-    ui::act::Click(L(d, "计算"));
-    EXPECT_EQ(T(d, kCount), "17");  // 412.5 / 25.5 = 16.2
-    EXPECT_EQ(T(d, kActual), "433.5");
-    ui::act::Ok(d);
-  });
-  EXPECT_EQ(Stored("Drrl"), "25.5");
-}
-
-TEST_F(WgglDialog, OnlyCalculatedValuesAreStoredAndOtherKeysStay) {
   Store("Zrglys", "");  // an empty text reads as the default
   Store("Dqxtlx", "1");
   Store("Other", "kept");
   Run([&](CWgglbcDlg& d) {
-    EXPECT_EQ(T(d, kCos1), "0.5");
+    EXPECT_EQ(Texts(d, {kRating, kCos1}), (Strings{"25.5", "0.5"}));
+    EXPECT_DOUBLE_EQ(d.numbers().rating, 25);
     EXPECT_EQ(C(d, kInUse).GetCheck(), 1);
+    ui::act::Ok(d);
+  });
+  ExpectStored({{"Drrl", "25"}, {"Dqxtlx", "1"}, {"Other", "kept"}});
+  Store("Drrl", "25.5");
+  Run([&](CWgglbcDlg& d) {
     Enter(d, "0.75", "0.95", "0.75", "1000");
-    ui::act::Click(L(d, "计算"));
+    Calc(d);
+    EXPECT_EQ(Texts(d, {kCount, kActual}), (Strings{"17", "433.5"}));  // 412.5 / 25.5 = 16.2
     Enter(d, "0.6", "0.9", "0.5", "800");  // typed after the last calculation
     ui::act::Ok(d);
   });
-  EXPECT_EQ(Stored("Zrglys"), "0.75");
-  EXPECT_EQ(Stored("Bchglys"), "0.95");
-  EXPECT_EQ(Stored("Fhxs"), "0.75");
-  EXPECT_EQ(Stored("Ygjsfh"), "1000");
-  EXPECT_EQ(Stored("Dqxtlx"), "1");
-  EXPECT_EQ(Stored("Other"), "kept");
+  ExpectStored({{"Drrl", "25.5"}, {"Zrglys", "0.75"}, {"Bchglys", "0.95"}, {"Fhxs", "0.75"}, {"Ygjsfh", "1000"},
+                {"Dqxtlx", "1"}, {"Other", "kept"}});
   // Closing the window stores nothing either.
   Run([&](CWgglbcDlg& d) {
     Enter(d, "0.6", "0.9", "0.5", "800");
-    ui::act::Click(L(d, "计算"));
+    Calc(d);
   });
   EXPECT_EQ(Stored("Zrglys"), "0.75");
-  EXPECT_NE(transcript_.str().find("[closed] 无功功率补偿 Cancel"), std::string::npos);
+  EXPECT_TRUE(Shown("[closed] 无功功率补偿 Cancel"));
 }
 
 TEST_F(WgglDialog, DesignSubDialogDerivesThePowerFactor) {
   Run([&](CWgglbcDlg& d) {
     ui::act::SetText(C(d, kPjs), "1000");
-    ui::act::Click(L(d, "计算"));  // Pjs 1000 becomes the number the sub-dialog starts with
+    Calc(d);  // Pjs 1000 becomes the number the sub-dialog starts with
     host_.QueueDriver([&](ui::Dialog& s) {
       EXPECT_EQ(s.GetWindowText(), "正在设计中的电气系统");
-      EXPECT_EQ(T(s, 1101), "0.75");
-      EXPECT_EQ(T(s, 1103), "0.75");
-      EXPECT_EQ(T(s, 1105), "1000");
-      EXPECT_EQ(T(s, 1106), "0");
+      EXPECT_EQ(Texts(s, {1101, 1103, 1105, 1106}), (Strings{"0.75", "0.75", "1000", "0"}));
       ui::act::Spin(C(s, 1101), true);
       EXPECT_EQ(T(s, 1101), "0.76");
-      ui::act::SetText(C(s, 1101), "0.75");
-      ui::act::SetText(C(s, 1105), "0");
-      ui::act::Click(L(s, "确认"));
-      EXPECT_FALSE(s.IsEnded());
-      ui::act::SetText(C(s, 1105), "100");
-      ui::act::SetText(C(s, 1106), "1000");  // cosφ1 ≈ 0.0995
-      ui::act::Click(L(s, "确认"));
-      EXPECT_FALSE(s.IsEnded());
-      ui::act::SetText(C(s, 1105), "1000");
-      ui::act::SetText(C(s, 1106), "882");
-      ui::act::Click(L(s, "确认"));
-      EXPECT_TRUE(s.IsEnded());
+      EXPECT_FALSE(Confirm(s, {{1101, "0.75"}, {1105, "0"}}));
+      EXPECT_FALSE(Confirm(s, {{1105, "100"}, {1106, "1000"}}));  // cosφ1 ≈ 0.0995
+      EXPECT_TRUE(Confirm(s, {{1105, "1000"}, {1106, "882"}}));
     });
     ui::act::Click(C(d, kDesign));
-    EXPECT_EQ(T(d, kCos1), "0.75");
-    EXPECT_EQ(T(d, kPjs), "1000");
+    EXPECT_EQ(Texts(d, {kCos1, kPjs}), (Strings{"0.75", "1000"}));
     ui::act::SetText(C(d, kCos2), "0.95");
-    ui::act::Click(L(d, "计算"));
+    Calc(d);
     const auto blocks = kestra::wggl::BuildWgglReport(d.ReportValues());
     EXPECT_EQ(blocks[6].text.rfind("\t补偿前企业自然平均功率因数(正在设计中)", 0), 0u) << blocks[6].text;
     ui::act::Ok(d);
   });
-  ASSERT_EQ(host_.messages().size(), 2u);
-  EXPECT_EQ(host_.messages()[0], "有功计算负荷作为除数不能为零 !");
-  EXPECT_EQ(host_.messages()[1], "计算出的自然平均功率因数(范围从0.1到1.0)超出最小值范围");
-  EXPECT_EQ(Stored("Wgjsfh"), "882");
-  EXPECT_EQ(Stored("Ygfhxs"), "0.75");
-  EXPECT_EQ(Stored("Zrglys"), "0.75");
+  EXPECT_EQ(host_.messages(), (Strings{"有功计算负荷作为除数不能为零 !", kOutOfRange}));
+  ExpectStored({{"Wgjsfh", "882"}, {"Ygfhxs", "0.75"}, {"Zrglys", "0.75"}});
 }
 
 TEST_F(WgglDialog, EnergySubDialogAndCancellingKeepsValuesButNotTheRadio) {
@@ -319,16 +276,9 @@ TEST_F(WgglDialog, EnergySubDialogAndCancellingKeepsValuesButNotTheRadio) {
     EXPECT_EQ(T(d, kCos1), "0.5");
     host_.QueueDriver([&](ui::Dialog& s) {
       EXPECT_EQ(T(s, 1201), "500");  // the cancelled value was not taken
-      ui::act::SetText(C(s, 1201), "0");
-      ui::act::Click(L(s, "确认"));
-      EXPECT_FALSE(s.IsEnded());
-      ui::act::SetText(C(s, 1201), "100");
-      ui::act::SetText(C(s, 1202), "1000");
-      ui::act::Click(L(s, "确认"));
-      EXPECT_FALSE(s.IsEnded());
-      ui::act::SetText(C(s, 1201), "1000");
-      ui::act::SetText(C(s, 1202), "882");
-      ui::act::Click(L(s, "确认"));
+      EXPECT_FALSE(Confirm(s, {{1201, "0"}}));
+      EXPECT_FALSE(Confirm(s, {{1201, "100"}, {1202, "1000"}}));
+      EXPECT_TRUE(Confirm(s, {{1201, "1000"}, {1202, "882"}}));
     });
     ui::act::Click(C(d, kInUse));  // clicked again while selected: opens again
     EXPECT_EQ(T(d, kCos1), "0.75");
@@ -339,13 +289,8 @@ TEST_F(WgglDialog, EnergySubDialogAndCancellingKeepsValuesButNotTheRadio) {
     EXPECT_EQ(T(d, kCos1), "0.75");
     ui::act::Ok(d);
   });
-  ASSERT_EQ(host_.messages().size(), 2u);
-  EXPECT_EQ(host_.messages()[0], "有功电能消耗量作为除数不能为零 !");
-  EXPECT_EQ(host_.messages()[1], "计算出的自然平均功率因数(范围从0.1到1.0)超出最小值范围");
-  EXPECT_EQ(Stored("Dqxtlx"), "0");
-  EXPECT_EQ(Stored("Ygdn"), "1000");
-  EXPECT_EQ(Stored("Wgdn"), "882");
-  EXPECT_EQ(Stored("Zrglys"), "0.75");
+  EXPECT_EQ(host_.messages(), (Strings{"有功电能消耗量作为除数不能为零 !", kOutOfRange}));
+  ExpectStored({{"Dqxtlx", "0"}, {"Ygdn", "1000"}, {"Wgdn", "882"}, {"Zrglys", "0.75"}});
 }
 
 TEST_F(WgglDialog, DescriptionPage) {
@@ -375,19 +320,10 @@ TEST_F(WgglDialog, DescriptionPage) {
 std::string DocumentText(const std::string& docx) {
   const auto xml = kestra::report::testing::ReadZipMember(docx, "word/document.xml");
   if (!xml) return "<unreadable>";
+  static const std::regex piece("<w:t(?: [^>]*)?>([^<]*)</w:t>|<w:tab/>|</w:p>");
   std::string out;
-  bool in_text = false;
-  for (std::size_t i = 0; i < xml->size(); ++i) {
-    if (xml->compare(i, 6, "</w:p>") == 0) out += '\n';
-    if (xml->compare(i, 7, "<w:tab/") == 0) out += '\t';
-    if (xml->compare(i, 4, "<w:t") == 0 && (xml->compare(i, 5, "<w:t>") == 0 || xml->compare(i, 5, "<w:t ") == 0)) {
-      i = xml->find('>', i);
-      in_text = true;
-      continue;
-    }
-    if ((*xml)[i] == '<') in_text = false;
-    if (in_text) out += (*xml)[i];
-  }
+  for (std::sregex_iterator it(xml->begin(), xml->end(), piece), end; it != end; ++it)
+    out += (*it)[0] == "<w:tab/>" ? "\t" : (*it)[0] == "</w:p>" ? "\n" : (*it)[1].str();
   return out;
 }
 
@@ -404,26 +340,19 @@ TEST_F(WgglDialog, ReportButtonCalculatesThenWritesTheDocument) {
     ui::act::Cancel(d);
   });
   ASSERT_EQ(host_.messages().size(), 2u);
-  EXPECT_EQ(host_.messages()[0],
-            "补偿容量结果不能为负,请查看自然平均功率因数和补偿后功率因数,单击确认,结果取绝对值");
+  EXPECT_EQ(host_.messages()[0], kNegative);
   // Exactly one document, named after the report's title.
-  std::vector<fs::path> written;
-  for (const auto& e : fs::directory_iterator(root_ / "reports")) written.push_back(e.path());
-  ASSERT_EQ(written.size(), 1u);
-  const fs::path docx = written[0];
+  ASSERT_EQ(std::distance(fs::directory_iterator(root_ / "reports"), fs::directory_iterator()), 1);
+  const fs::path docx = fs::directory_iterator(root_ / "reports")->path();
   EXPECT_EQ(docx.filename().string().rfind("无功功率补偿计算书 ", 0), 0u) << docx;
   EXPECT_EQ(docx.extension(), ".docx");
-  EXPECT_NE(transcript_.str().find("[report] " + docx.string()), std::string::npos);
+  EXPECT_TRUE(Shown("[report] " + docx.string()));
   const std::string text = DocumentText(docx.string());
   EXPECT_EQ(text.rfind("无功功率补偿计算书\n计算依据\n", 0), 0u) << text;
   EXPECT_NE(text.find("\t补偿系数 qc=TANφ1-TANφ2=0.33-0.88=-0.55\n"), std::string::npos) << text;
   EXPECT_NE(text.find("=0.75*-0.55*1000.00=-412.50kVar\n计算结果\n"), std::string::npos) << text;
   EXPECT_NE(text.find("\t并联电容器数量=14"), std::string::npos) << text;
 }
-
-}  // namespace
-
-namespace {
 
 // Every caption fits its control and no two controls lie over each other (group boxes and
 // frames excepted, which hold others), in all four dialogs of the calculator.
@@ -442,10 +371,7 @@ void CheckLayout(ui::Dialog& d) {
       std::istringstream lines(c->GetWindowText());
       std::string line;
       int count = 0;
-      while (std::getline(lines, line)) {
-        ++count;
-        EXPECT_LE(d.GetTextExtent(line).cx + box, r.Width()) << line;
-      }
+      for (; std::getline(lines, line); ++count) EXPECT_LE(d.GetTextExtent(line).cx + box, r.Width()) << line;
       EXPECT_LE(count * d.GetTextExtent("国").cy, r.Height()) << c->GetWindowText();
     }
     if (k != ui::Kind::GroupBox && k != ui::Kind::Frame) solid.push_back(c.get());
@@ -453,32 +379,23 @@ void CheckLayout(ui::Dialog& d) {
   for (std::size_t i = 0; i < solid.size(); ++i)
     for (std::size_t j = i + 1; j < solid.size(); ++j) {
       const ui::Rect a = solid[i]->GetWindowRect(), b = solid[j]->GetWindowRect();
-      const bool overlap = a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
-      EXPECT_FALSE(overlap) << solid[i]->GetWindowText() << " / " << solid[j]->GetWindowText();
+      EXPECT_FALSE(a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom)
+          << solid[i]->GetWindowText() << " / " << solid[j]->GetWindowText();
     }
 }
 
-TEST(WgglLayout, CaptionsFitAndControlsDoNotOverlap) {
-  std::ostringstream transcript;
-  ui::HeadlessHost host(transcript);
-  ui::SetCurrentHost(&host);
-  kestra::shell::SetModulePathForTesting("/nonexistent/bin/OrvelKestra.so");
-  host.SetDriver([](ui::Dialog& d) { CheckLayout(d); });
+TEST_F(WgglDialog, LayoutCaptionsFitAndControlsDoNotOverlap) {
+  host_.SetDriver([](ui::Dialog& d) { CheckLayout(d); });
   {
     kestra::shell::ModuleResourceScope resources;
     CWgglbcDlg main_dlg(nullptr);
     EXPECT_EQ(main_dlg.DoModal(), ui::IDCANCEL);
-    CWGGADDDLG add(0.75, 0.75, 0, 0);
-    add.DoModal();
-    CWGGSYYN syyn(0, 0);
-    syyn.DoModal();
-    CWGGSMDLD page(nullptr);
-    page.DoModal();
+    CWGGADDDLG(0.75, 0.75, 0, 0).DoModal();
+    CWGGSYYN(0, 0).DoModal();
+    CWGGSMDLD(nullptr).DoModal();
   }
-  const std::string shown = transcript.str();
+  const std::string shown = transcript_.str();
   EXPECT_EQ(std::count(shown.begin(), shown.end(), '\n'), 8) << shown;  // four opened, four closed
-  ui::SetCurrentHost(nullptr);
-  kestra::shell::SetModulePathForTesting({});
 }
 
 }  // namespace

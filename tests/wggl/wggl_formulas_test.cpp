@@ -8,73 +8,55 @@
 namespace {
 using namespace kestra::wggl;
 
-TEST(WgglRound2, RoundsHalfUpOnTheScaledValueAndTruncatesTowardsZero) {
-  EXPECT_DOUBLE_EQ(Round2(-0.126), -0.12);  // −12.6 + 0.5 = −12.1 truncates to −12
-  EXPECT_DOUBLE_EQ(Round2(0.125), 0.13);
-  EXPECT_DOUBLE_EQ(Round2(0.124999), 0.12);
-  EXPECT_DOUBLE_EQ(Round2(412.5), 412.5);
-  EXPECT_DOUBLE_EQ(Round2(-0.004), 0.0);
-  // Beyond what a 32-bit integer holds after scaling, the same rule still gives the value.
-  EXPECT_DOUBLE_EQ(Round2(3e8 + 0.126), 3e8 + 0.13);
+TEST(WgglFormulas, Round2RoundsHalfUpOnTheScaledValueAndTruncatesTowardsZero) {
+  // −12.6 + 0.5 = −12.1 truncates to −12; 3e8 is beyond a 32-bit integer once scaled, same rule.
+  const double cases[][2] = {{-0.126, -0.12}, {0.125, 0.13},  {0.124999, 0.12},
+                             {412.5, 412.5},  {-0.004, 0.0}, {3e8 + 0.126, 3e8 + 0.13}};
+  for (const auto& [x, want] : cases) EXPECT_DOUBLE_EQ(Round2(x), want) << x;
   EXPECT_TRUE(std::isnan(Round2(NAN)));
 }
 
-TEST(WgglRate, TangentsAreTakenAsTheirTwoDecimalTexts) {
+TEST(WgglFormulas, TangentsAreTakenAsTheirTwoDecimalTextsAndTheSignIsKept) {
   auto r = RateOf(0.75, 0.95);
   ASSERT_TRUE(r);
   EXPECT_EQ(r->tan1_text, "0.88");
   EXPECT_EQ(r->tan2_text, "0.33");
   EXPECT_DOUBLE_EQ(r->qc, 0.88 - 0.33);
   EXPECT_DOUBLE_EQ(Round2(SignedCapacity(0.75, 1000, r->qc)), 412.5);
-  // The target below the natural factor: negative capacity, kept with its sign here.
-  auto neg = RateOf(0.95, 0.75);
+  auto neg = RateOf(0.95, 0.75);  // the target below the natural factor
   ASSERT_TRUE(neg);
   EXPECT_LT(SignedCapacity(0.75, 1000, neg->qc), 0);
   EXPECT_EQ(RateOf(1, 1)->tan1_text, "0.00");
+  // Power factors without a finite tangent give no rate; a negative one within −1…1 does.
+  const double no_tangent[][2] = {{0, 0.9}, {0.9, 1.01}, {-1.5, 0.9}, {NAN, 0.9}};
+  for (const auto& [cos1, cos2] : no_tangent) EXPECT_FALSE(RateOf(cos1, cos2)) << cos1 << " " << cos2;
+  EXPECT_TRUE(RateOf(-0.5, 1));
 }
 
-TEST(WgglRate, PowerFactorsWithoutAFiniteTangentGiveNoRate) {
-  EXPECT_FALSE(RateOf(0, 0.9));
-  EXPECT_FALSE(RateOf(0.9, 1.01));
-  EXPECT_FALSE(RateOf(-1.5, 0.9));
-  EXPECT_FALSE(RateOf(NAN, 0.9));
-  EXPECT_TRUE(RateOf(-0.5, 1));  // negative but within −1…1: a finite (negative) tangent
+TEST(WgglFormulas, ACapacitorMoreOnlyBeyondTheTolerance) {
+  // 420 / 30 is exactly 14; 420.006 is 14.0002; 420.0015 is 14.00005, within the tolerance.
+  const double cases[][2] = {{412.5, 14}, {420, 14}, {420.006, 15}, {420.0015, 14}, {0, 0}, {0.01, 1}};
+  for (const auto& [qc, n] : cases) EXPECT_EQ(CapacitorCount(qc, 30), n) << qc;
 }
 
-TEST(WgglCapacitorCount, AddsACapacitorOnlyBeyondTheTolerance) {
-  EXPECT_EQ(CapacitorCount(412.5, 30), 14);
-  EXPECT_EQ(CapacitorCount(420, 30), 14);        // exactly 14
-  EXPECT_EQ(CapacitorCount(420.006, 30), 15);    // 14.0002
-  EXPECT_EQ(CapacitorCount(420.0015, 30), 14);   // 14.00005: within the tolerance
-  EXPECT_EQ(CapacitorCount(0, 30), 0);
-  EXPECT_EQ(CapacitorCount(0.01, 30), 1);
-}
-
-TEST(WgglNaturalFactor, FromLoadsAndFromEnergy) {
-  EXPECT_NEAR(NaturalFactorFromLoads(0.75, 0.75, 1000, 882), 0.75, 0.001);
-  EXPECT_NEAR(NaturalFactorFromLoads(0.75, 0.8, 1000, 0), 1.0, 1e-12);
-  EXPECT_NEAR(NaturalFactorFromEnergy(1000, 882), 0.75, 0.001);
-  EXPECT_NEAR(NaturalFactorFromEnergy(1000, 1000), std::sqrt(0.5), 1e-12);
-  EXPECT_LT(NaturalFactorFromEnergy(100, 1000), kMinNaturalFactor);
-}
-
-TEST(WgglSpin, PowerFactorStepsAndLimits) {
-  EXPECT_DOUBLE_EQ(SpinStep(SpinKind::PowerFactor, 0.75, -1), 0.8);   // up
-  EXPECT_DOUBLE_EQ(SpinStep(SpinKind::PowerFactor, 0.75, 1), 0.7);    // down
-  EXPECT_DOUBLE_EQ(SpinStep(SpinKind::PowerFactor, 1, -1), 1.0);      // stays at the top
-  EXPECT_DOUBLE_EQ(SpinStep(SpinKind::PowerFactor, 0.98, -1), 1.0);
-  EXPECT_DOUBLE_EQ(SpinStep(SpinKind::PowerFactor, 0.05, 1), 0.05);   // stays at the bottom
-  EXPECT_DOUBLE_EQ(SpinStep(SpinKind::PowerFactor, 0.07, 1), 0.05);
-  EXPECT_DOUBLE_EQ(SpinStep(SpinKind::PowerFactor, 3, 1), 1.0);       // typed above the top
-}
-
-TEST(WgglSpin, CoefficientStepsAndLimits) {
-  EXPECT_DOUBLE_EQ(SpinStep(SpinKind::Coefficient, 0.75, -1), 0.76);
-  EXPECT_DOUBLE_EQ(SpinStep(SpinKind::Coefficient, 0.03, 1), 0.02);
-  EXPECT_DOUBLE_EQ(SpinStep(SpinKind::Coefficient, 0.01, 1), 0.0);   // 0 itself stays
-  EXPECT_DOUBLE_EQ(SpinStep(SpinKind::Coefficient, 0.0, 1), 0.01);   // below 0 jumps back to 0.01
-  EXPECT_DOUBLE_EQ(SpinStep(SpinKind::Coefficient, 1, -1), 1.0);
-  EXPECT_DOUBLE_EQ(SpinStep(SpinKind::Coefficient, -0.5, -1), 0.01);
+TEST(WgglFormulas, SpinStepsAndTheirLimits) {
+  constexpr SpinKind kPf = SpinKind::PowerFactor, kCo = SpinKind::Coefficient;
+  struct Case {
+    SpinKind kind;
+    double from;
+    int delta;  // −1 is the up arrow
+    double want;
+  };
+  const Case cases[] = {
+      // Power factors: steps of 0.05 between 0.05 and 1, a typed value above the top comes back.
+      {kPf, 0.75, -1, 0.8}, {kPf, 0.75, 1, 0.7}, {kPf, 1, -1, 1.0}, {kPf, 0.98, -1, 1.0},
+      {kPf, 0.05, 1, 0.05}, {kPf, 0.07, 1, 0.05}, {kPf, 3, 1, 1.0},
+      // Coefficients: steps of 0.01; 0 itself stays, below 0 jumps back to 0.01.
+      {kCo, 0.75, -1, 0.76}, {kCo, 0.03, 1, 0.02}, {kCo, 0.01, 1, 0.0}, {kCo, 0.0, 1, 0.01},
+      {kCo, 1, -1, 1.0}, {kCo, -0.5, -1, 0.01},
+  };
+  for (const Case& c : cases)
+    EXPECT_DOUBLE_EQ(SpinStep(c.kind, c.from, c.delta), c.want) << int(c.kind) << " " << c.from << " " << c.delta;
 }
 
 }  // namespace
