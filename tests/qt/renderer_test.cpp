@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <vector>
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
