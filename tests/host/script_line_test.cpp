@@ -5,42 +5,35 @@
 
 namespace {
 
+using kestra::script::SplitLine;
 using kestra::script::Word;
+using Texts = std::vector<std::string>;
 
-std::vector<std::string> Texts(std::string_view line) {
+TEST(ScriptLine, SplitsAtBlanksKeepsQuotedBlanksAndResolvesTheThreeEscapes) {
+  const struct {
+    const char* line;
+    Texts words;
+  } cases[] = {
+      {"set 1001 0.75", {"set", "1001", "0.75"}},
+      {"  \tclick   \"  输出 计算\"  \r", {"click", "  输出 计算"}},
+      {"set \"名称:\" \"\"", {"set", "名称:", ""}},
+      {"   ", {}},
+      {R"(click "  输出\n计算文件")", {"click", "  输出\n计算文件"}},
+      {R"(set 1 "a\"b\\c")", {"set", "1", "a\"b\\c"}},
+      {R"(set 1 a\nb)", {"set", "1", "a\\nb"}},  // outside quotes a backslash is plain (data paths)
+  };
+  for (const auto& c : cases) {
+    std::vector<Word> w;
+    std::string error;
+    ASSERT_TRUE(SplitLine(c.line, &w, &error)) << c.line << ": " << error;
+    Texts got;
+    for (const Word& x : w) got.push_back(x.text);
+    EXPECT_EQ(got, c.words) << c.line;
+  }
+  // Each word keeps how it was written and whether it was quoted.
   std::vector<Word> w;
   std::string error;
-  EXPECT_TRUE(kestra::script::SplitLine(line, &w, &error)) << line << ": " << error;
-  std::vector<std::string> t;
-  for (const Word& x : w) t.push_back(x.text);
-  return t;
-}
-
-std::string ErrorOf(std::string_view line) {
-  std::vector<Word> w;
-  std::string error;
-  EXPECT_FALSE(kestra::script::SplitLine(line, &w, &error)) << line;
-  return error;
-}
-
-TEST(ScriptLine, SplitsAtBlanksAndKeepsQuotedBlanks) {
-  EXPECT_EQ(Texts("set 1001 0.75"), (std::vector<std::string>{"set", "1001", "0.75"}));
-  EXPECT_EQ(Texts("  \tclick   \"  输出 计算\"  \r"), (std::vector<std::string>{"click", "  输出 计算"}));
-  EXPECT_EQ(Texts("set \"名称:\" \"\""), (std::vector<std::string>{"set", "名称:", ""}));
-  EXPECT_TRUE(Texts("   ").empty());
-}
-
-TEST(ScriptLine, ResolvesTheThreeEscapesInQuotes) {
-  EXPECT_EQ(Texts(R"(click "  输出\n计算文件")"), (std::vector<std::string>{"click", "  输出\n计算文件"}));
-  EXPECT_EQ(Texts(R"(set 1 "a\"b\\c")"), (std::vector<std::string>{"set", "1", "a\"b\\c"}));
-  // Outside quotes a backslash is an ordinary character (data paths).
-  EXPECT_EQ(Texts(R"(set 1 a\nb)"), (std::vector<std::string>{"set", "1", "a\\nb"}));
-}
-
-TEST(ScriptLine, KeepsTheWordAsWrittenAndWhetherItWasQuoted) {
-  std::vector<Word> w;
-  std::string error;
-  ASSERT_TRUE(kestra::script::SplitLine(R"(print "数值\"A\"" 12)", &w, &error));
+  ASSERT_TRUE(SplitLine(R"(print "数值\"A\"" 12)", &w, &error));
   ASSERT_EQ(w.size(), 3u);
   EXPECT_EQ(w[1].raw, R"("数值\"A\"")");
   EXPECT_TRUE(w[1].quoted);
@@ -49,23 +42,29 @@ TEST(ScriptLine, KeepsTheWordAsWrittenAndWhetherItWasQuoted) {
 }
 
 TEST(ScriptLine, RefusesBrokenQuoting) {
-  EXPECT_NE(ErrorOf("click \"确定").find("not closed"), std::string::npos);
-  EXPECT_NE(ErrorOf("click \"a\\").find("not closed"), std::string::npos);
-  EXPECT_NE(ErrorOf(R"(set 1 "a\tb")").find("escape"), std::string::npos);
-  EXPECT_NE(ErrorOf(R"(set 1 ab"c")").find("quote"), std::string::npos);
-  EXPECT_NE(ErrorOf(R"(set 1 "ab"c)").find("blank"), std::string::npos);
+  const struct {
+    const char* line;
+    const char* error;
+  } cases[] = {
+      {"click \"确定", "a quoted word is not closed"},
+      {"click \"a\\", "a quoted word is not closed"},
+      {R"(set 1 "a\tb")", R"(unknown escape \t in a quoted word (use \" \\ or \n))"},
+      {R"(set 1 ab"c")", "a quote inside a word (quote the whole word)"},
+      {R"(set 1 "ab"c)", "a closing quote must be followed by a blank"},
+  };
+  for (const auto& c : cases) {
+    std::vector<Word> w;
+    std::string error;
+    EXPECT_FALSE(SplitLine(c.line, &w, &error)) << c.line;
+    EXPECT_EQ(error, c.error) << c.line;
+  }
 }
 
-TEST(ScriptLine, CommentsAndBlankLines) {
+TEST(ScriptLine, CommentsBlankLinesAndCounts) {
   using kestra::script::IsBlankOrComment;
-  EXPECT_TRUE(IsBlankOrComment(""));
-  EXPECT_TRUE(IsBlankOrComment(" \t\r"));
-  EXPECT_TRUE(IsBlankOrComment("; a comment"));
-  EXPECT_TRUE(IsBlankOrComment("   ;indented"));
+  for (const char* yes : {"", " \t\r", "; a comment", "   ;indented"}) EXPECT_TRUE(IsBlankOrComment(yes)) << yes;
   EXPECT_FALSE(IsBlankOrComment("ok ; not a comment after a statement"));
-}
 
-TEST(ScriptLine, CountsArePlainDigits) {
   int n = -1;
   EXPECT_TRUE(kestra::script::ParseCount(Word{"12", "12", false}, &n));
   EXPECT_EQ(n, 12);

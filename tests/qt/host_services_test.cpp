@@ -9,67 +9,54 @@
 #include <QDateTime>
 #include <QFontInfo>
 #include <QMessageBox>
-#include <QPushButton>
-#include <QTimer>
 
 #include "host/qt/font_map.h"
 #include "host/qt/report_path.h"
 #include "qt_test_support.h"
-#include "test_dialogs.h"
 
 namespace kestra::qt::testing {
 namespace {
 
 namespace fs = std::filesystem;
 
+// Each type of box has its buttons, default button and icon; it answers with the button
+// pressed, and a box without a caption bears the application's title.
 TEST(QtHost, MessageBoxesAnswerWithTheButtonPressed) {
-  QtScope scope(kTestRc);
-  QtUiHost& host = scope.host();
-  std::string text, title;
-  AnswerNextMessageBox("确定", &text, &title);
-  EXPECT_EQ(host.MessageBox("补偿容量结果不能为负", "警告", ui::MB_OK), ui::IDOK);
-  EXPECT_EQ(text, "补偿容量结果不能为负");
-  EXPECT_EQ(title, "警告");
-
-  // No caption: the application title.
-  host.SetAppTitle("OrvelKestra");
-  AnswerNextMessageBox("取消", &text, &title);
-  EXPECT_EQ(host.MessageBox("继续吗?", "", ui::MB_OKCANCEL | ui::MB_ICONQUESTION), ui::IDCANCEL);
-  EXPECT_EQ(title, "OrvelKestra");
-
-  AnswerNextMessageBox("是(&Y)");
-  EXPECT_EQ(host.MessageBox("保存?", "提示", ui::MB_YESNO), ui::IDYES);
-  AnswerNextMessageBox("否(&N)");
-  EXPECT_EQ(host.MessageBox("保存?", "提示", ui::MB_YESNOCANCEL), ui::IDNO);
-}
-
-TEST(QtHost, MessageBoxesHaveTheDefaultButtonAndIconOfTheirType) {
-  QtScope scope(kTestRc);
-  QMessageBox::Icon icon = QMessageBox::NoIcon;
-  std::string default_text;
-  QTimer::singleShot(0, [&] {
-    for (QWidget* w : QApplication::topLevelWidgets())
-      if (auto* box = qobject_cast<QMessageBox*>(w); box && box->isVisible()) {
-        icon = box->icon();
-        default_text = box->defaultButton()->text().toStdString();
-        box->defaultButton()->click();
-      }
-  });
-  int answer = scope.host().MessageBox("找不到文件Djqd.slb, 程序调用失败!", "错误!",
-                                       ui::MB_YESNO | ui::MB_ICONINFORMATION | ui::MB_DEFBUTTON2);
-  EXPECT_EQ(icon, QMessageBox::Information);
-  EXPECT_EQ(default_text, "否(&N)");
-  EXPECT_EQ(answer, ui::IDNO);
-
-  QTimer::singleShot(0, [&] {
-    for (QWidget* w : QApplication::topLevelWidgets())
-      if (auto* box = qobject_cast<QMessageBox*>(w); box && box->isVisible()) {
-        icon = box->icon();
-        box->close();  // Escape / close box: the only button
-      }
-  });
-  EXPECT_EQ(scope.host().MessageBox("x", "警告", ui::MB_OK | ui::MB_ICONWARNING), ui::IDOK);
-  EXPECT_EQ(icon, QMessageBox::Warning);
+  QtScope scope;
+  scope.host().SetAppTitle("OrvelKestra");
+  const struct {
+    const char* text;
+    const char* caption;
+    unsigned type;
+    const char* press;
+    int answer;
+    const char* title;
+    int icon;                    // checked when not -1
+    const char* default_button;  // checked when given
+  } cases[] = {
+      {"补偿容量结果不能为负", "警告", ui::MB_OK, "确定", ui::IDOK, "警告", -1, nullptr},
+      {"继续吗?", "", ui::MB_OKCANCEL | ui::MB_ICONQUESTION, "取消", ui::IDCANCEL, "OrvelKestra", -1, nullptr},
+      {"保存?", "提示", ui::MB_YESNO, "是(&Y)", ui::IDYES, "提示", -1, nullptr},
+      {"保存?", "提示", ui::MB_YESNOCANCEL, "否(&N)", ui::IDNO, "提示", -1, nullptr},
+      {"找不到文件Djqd.slb, 程序调用失败!", "错误!", ui::MB_YESNO | ui::MB_ICONINFORMATION | ui::MB_DEFBUTTON2,
+       "<default>", ui::IDNO, "错误!", QMessageBox::Information, "否(&N)"},
+      // Escape or the close box of a box with one button: that button.
+      {"x", "警告", ui::MB_OK | ui::MB_ICONWARNING, "", ui::IDOK, "警告", QMessageBox::Warning, nullptr},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.text);
+    SeenBox seen;
+    AnswerNextMessageBox(c.press, &seen);
+    EXPECT_EQ(scope.host().MessageBox(c.text, c.caption, c.type), c.answer);
+    EXPECT_EQ(seen.text, c.text);
+    EXPECT_EQ(seen.title, c.title);
+    if (c.icon != -1) {
+      EXPECT_EQ(seen.icon, c.icon);
+    }
+    if (c.default_button) {
+      EXPECT_EQ(seen.default_button, c.default_button);
+    }
+  }
 }
 
 TEST(QtHost, DialogFontsMapToTheInstalledCjkFonts) {
@@ -143,7 +130,7 @@ TEST(QtHost, ReportsGoToNewFilesInTheirOwnFolder) {
 }
 
 TEST(QtHost, WaitCursorNestsAndIsLiftedOverDialogs) {
-  QtScope scope(kTestRc);
+  QtScope scope;
   QtUiHost& host = scope.host();
   {
     ui::WaitCursor outer;

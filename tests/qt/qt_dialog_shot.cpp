@@ -1,8 +1,8 @@
-// Renders a dialog template through the Qt host into a PNG, so a layout can be looked at
-// without the calculator behind it:
+// Renders a dialog template through the Qt host into a PNG, to look at a layout without the
+// calculator behind it (e.g. on the test template tests/qt/data/test_dialogs.rc):
 //   qt_dialog_shot FILE.rc DIALOG OUT.png [CHILD@X,Y[w] ...]
-// DIALOG and CHILD are ids or symbols; each child form is created inside the dialog at
-// (X, Y) dialog units and shown; a trailing "w" gives it a white background.
+// DIALOG and CHILD are ids or symbols; each child form is shown inside the dialog at (X, Y)
+// dialog units; a trailing "w" gives it a white background.
 #include <cstdio>
 #include <fstream>
 #include <memory>
@@ -22,8 +22,7 @@
 namespace {
 
 struct ChildSpec {
-  int id;
-  int x, y;
+  int id, x, y;
   bool white;
 };
 
@@ -33,16 +32,15 @@ class ShotDialog : public ui::Dialog {
   bool OnInitDialog() override {
     Dialog::OnInitDialog();
     for (const ChildSpec& s : specs_) {
-      auto child = std::make_unique<ui::Dialog>(s.id);
-      if (!child->Create(this)) {
+      auto& child = *children_.emplace_back(std::make_unique<ui::Dialog>(s.id));
+      if (!child.Create(this)) {
         std::fprintf(stderr, "no child dialog %d\n", s.id);
         continue;
       }
-      const ui::DialogTemplate* t = child->GetTemplate();
-      child->MoveWindow(MapDialogRect(ui::Rect{s.x, s.y, s.x + t->cx, s.y + t->cy}));
-      if (s.white) child->SetBackground(0xFFFFFF);
-      child->ShowWindow(true);
-      children_.push_back(std::move(child));
+      const ui::DialogTemplate* t = child.GetTemplate();
+      child.MoveWindow(MapDialogRect(ui::Rect{s.x, s.y, s.x + t->cx, s.y + t->cy}));
+      if (s.white) child.SetBackground(0xFFFFFF);
+      child.ShowWindow(true);
     }
     return true;
   }
@@ -52,52 +50,43 @@ class ShotDialog : public ui::Dialog {
   std::vector<std::unique_ptr<ui::Dialog>> children_;
 };
 
-int IdOf(const ui::ResourceSet& res, const std::string& s) {
-  char* end = nullptr;
-  long v = std::strtol(s.c_str(), &end, 10);
-  if (end && *end == '\0') return static_cast<int>(v);
-  return res.Symbol(s, -1);
+int Fail(const char* what, const std::string& arg, int status = 1) {
+  std::fprintf(stderr, "%s %s\n", what, arg.c_str());
+  return status;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc < 4) {
-    std::fprintf(stderr, "usage: %s FILE.rc DIALOG OUT.png [CHILD@X,Y[w] ...]\n", argv[0]);
-    return 2;
-  }
+  if (argc < 4) return Fail("usage:", std::string(argv[0]) + " FILE.rc DIALOG OUT.png [CHILD@X,Y[w] ...]", 2);
   QApplication app(argc, argv);
   std::ifstream in(argv[1], std::ios::binary);
-  if (!in) {
-    std::fprintf(stderr, "cannot read %s\n", argv[1]);
-    return 1;
-  }
+  if (!in) return Fail("cannot read", argv[1]);
   std::stringstream text;
   text << in.rdbuf();
   ui::ResourceSet res;
   try {
     res.Parse(text.str(), argv[1]);
   } catch (const ui::ResourceError& e) {
-    std::fprintf(stderr, "%s\n", e.what());
-    return 1;
+    return Fail("bad template:", e.what());
   }
+  auto id_of = [&](const std::string& s) {
+    return !s.empty() && s.find_first_not_of("0123456789") == std::string::npos ? std::atoi(s.c_str()) : res.Symbol(s, -1);
+  };
   std::vector<ChildSpec> specs;
   for (int i = 4; i < argc; ++i) {
     std::string a = argv[i];
     auto at = a.find('@'), comma = a.find(',');
-    if (at == std::string::npos || comma == std::string::npos) {
-      std::fprintf(stderr, "bad child '%s'\n", argv[i]);
-      return 2;
-    }
+    if (at == std::string::npos || comma == std::string::npos || comma < at) return Fail("bad child", a, 2);
     bool white = a.back() == 'w';
     if (white) a.pop_back();
-    specs.push_back({IdOf(res, a.substr(0, at)), std::atoi(a.substr(at + 1, comma - at - 1).c_str()),
+    specs.push_back({id_of(a.substr(0, at)), std::atoi(a.substr(at + 1, comma - at - 1).c_str()),
                      std::atoi(a.substr(comma + 1).c_str()), white});
   }
   kestra::qt::QtUiHost host;
   ui::PushResources(&res);
   ui::SetCurrentHost(&host);
-  ShotDialog dlg(IdOf(res, argv[2]), specs);
+  ShotDialog dlg(id_of(argv[2]), specs);
   bool saved = false;
   QTimer::singleShot(50, [&] {
     if (auto* v = host.TopView()) {
@@ -108,13 +97,7 @@ int main(int argc, char** argv) {
   int r = dlg.DoModal();
   ui::SetCurrentHost(nullptr);
   ui::PopResources();
-  if (r == -1) {
-    std::fprintf(stderr, "no dialog %s\n", argv[2]);
-    return 1;
-  }
-  if (!saved) {
-    std::fprintf(stderr, "cannot write %s\n", argv[3]);
-    return 1;
-  }
+  if (r == -1) return Fail("no dialog", argv[2]);
+  if (!saved) return Fail("cannot write", argv[3]);
   return 0;
 }

@@ -1,13 +1,15 @@
 #include "qt_test_support.h"
 
 #include <cstdlib>
+#include <fstream>
+#include <sstream>
 
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QDialog>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTimer>
 
 #include "ui/ui_host.h"
@@ -42,9 +44,12 @@ void EnsureApp() {
   g_app = new QApplication(argc, argv);
 }
 
-QtScope::QtScope(const std::string& rc_text) {
+QtScope::QtScope() {
   EnsureApp();
-  res_.Parse(rc_text, "test.rc");
+  std::ifstream in(std::string(KESTRA_SOURCE_DIR) + "/tests/qt/data/test_dialogs.rc", std::ios::binary);
+  std::stringstream text;
+  text << in.rdbuf();
+  res_.Parse(text.str(), "test_dialogs.rc");
   ui::PushResources(&res_);
   ui::SetCurrentHost(&host_);
 }
@@ -64,18 +69,18 @@ int RunWith(QtUiHost& host, ui::Dialog& dlg, const std::function<void(DialogView
   return host.RunModal(dlg);
 }
 
-void AnswerNextMessageBox(const std::string& button_text, std::string* seen_text, std::string* seen_title) {
+void AnswerNextMessageBox(const std::string& button_text, SeenBox* seen) {
   QTimer::singleShot(0, [=] {
     for (QWidget* w : QApplication::topLevelWidgets()) {
       auto* box = qobject_cast<QMessageBox*>(w);
       if (!box || !box->isVisible()) continue;
-      if (seen_text) *seen_text = box->text().toStdString();
-      if (seen_title) *seen_title = box->windowTitle().toStdString();
+      if (seen) {
+        *seen = SeenBox{box->text().toStdString(), box->windowTitle().toStdString(),
+                        box->defaultButton() ? box->defaultButton()->text().toStdString() : "", box->icon()};
+      }
+      if (button_text == "<default>" && box->defaultButton()) return box->defaultButton()->click();
       for (QAbstractButton* b : box->buttons())
-        if (b->text().toStdString() == button_text) {
-          b->click();
-          return;
-        }
+        if (b->text().toStdString() == button_text) return b->click();
       box->close();
       return;
     }

@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <vector>
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -23,7 +22,6 @@
 #include <QToolButton>
 
 #include "qt_test_support.h"
-#include "test_dialogs.h"
 #include "ui/actions.h"
 #include "ui/dialog.h"
 
@@ -64,9 +62,11 @@ class TestDlg : public ui::Dialog {
 QRect RectOf(const ui::Rect& r) { return QRect(r.left, r.top, r.Width(), r.Height()); }
 
 TEST(QtRenderer, EveryControlHasAWidgetWhereAndAsTheModelSays) {
-  QtScope scope(kTestRc);
+  QtScope scope;
   TestDlg dlg;
   int checked = 0;
+  std::string png = (std::filesystem::current_path() / "qt_test_dialog.png").string();
+  std::filesystem::remove(png);
   RunWith(scope.host(), dlg, [&](DialogView& v) {
     EXPECT_EQ(v.window()->windowTitle().toStdString(), "无功功率补偿测试");
     const ui::Rect& r = dlg.GetWindowRect();
@@ -110,12 +110,23 @@ TEST(QtRenderer, EveryControlHasAWidgetWhereAndAsTheModelSays) {
     EXPECT_FALSE(pane->isVisibleTo(v.window()));
     ASSERT_NE(v.WidgetOf(*dlg.form.GetDlgItem(IDC_FORM_EDIT)), nullptr);
     EXPECT_EQ(v.WidgetOf(*dlg.form.GetDlgItem(IDC_FORM_EDIT))->parentWidget(), pane);
+
+    // The window grabs to a picture with something drawn: the label's text is dark on the light face.
+    QPixmap shot = v.window()->grab();
+    EXPECT_TRUE(shot.save(QString::fromStdString(png)));
+    QImage img = shot.toImage();
+    const ui::Rect& label = dlg.controls()[1]->GetWindowRect();
+    int dark = 0;
+    for (int y = label.top; y < label.bottom; ++y)
+      for (int x = label.left; x < label.right; ++x) dark += qGray(img.pixel(x, y)) < 100;
+    EXPECT_GT(dark, 50);
   });
   EXPECT_EQ(checked, static_cast<int>(dlg.controls().size()));
+  EXPECT_GT(std::filesystem::file_size(png), 1000u);
 }
 
 TEST(QtRenderer, ModelChangesShowInTheWidgets) {
-  QtScope scope(kTestRc);
+  QtScope scope;
   TestDlg dlg;
   RunWith(scope.host(), dlg, [&](DialogView& v) {
     auto* result = WidgetAs<QLineEdit>(v, dlg.GetDlgItem(IDC_RESULT));
@@ -167,7 +178,7 @@ TEST(QtRenderer, ModelChangesShowInTheWidgets) {
 }
 
 TEST(QtRenderer, TheDesignersInputReachesTheModelAndItsHandlers) {
-  QtScope scope(kTestRc);
+  QtScope scope;
   TestDlg dlg;
   RunWith(scope.host(), dlg, [&](DialogView& v) {
     auto* cos1 = WidgetAs<QLineEdit>(v, dlg.GetDlgItem(IDC_COS1));
@@ -238,60 +249,60 @@ TEST(QtRenderer, TheDesignersInputReachesTheModelAndItsHandlers) {
 
     QTest::mouseClick(WidgetAs<QPushButton>(v, dlg.GetDlgItem(IDC_CALC)), Qt::LeftButton);
     EXPECT_EQ(WidgetAs<QLineEdit>(v, dlg.GetDlgItem(IDC_RESULT))->text().toStdString(), "412.5");
+
+    // A handler's exception is shown in a message box and the dialog goes on.
+    dlg.On(IDC_CALC, ui::Notify::Clicked, [] { throw std::runtime_error("数据库无法打开"); });
+    SeenBox box;
+    AnswerNextMessageBox("确定", &box);
+    QTest::mouseClick(WidgetAs<QPushButton>(v, dlg.GetDlgItem(IDC_CALC)), Qt::LeftButton);
+    EXPECT_EQ(box.text, "数据库无法打开");
+    EXPECT_FALSE(dlg.IsEnded());
   });
 }
 
 TEST(QtRenderer, DialogsEndByTheirButtonsTheCloseBoxAndEscape) {
-  QtScope scope(kTestRc);
-  {
+  QtScope scope;
+  auto click = [](int id) {
+    return [id](TestDlg& d, DialogView& v) { QTest::mouseClick(WidgetAs<QPushButton>(v, d.GetDlgItem(id)), Qt::LeftButton); };
+  };
+  const struct {
+    const char* what;
+    std::function<void(TestDlg&, DialogView&)> act;
+    int result;
+  } cases[] = {
+      {"OK button", click(ui::IDOK), ui::IDOK},
+      {"a handler's own code", click(IDC_REPORT), 42},
+      {"close box of the shown window",
+       [](TestDlg&, DialogView& v) {
+         EXPECT_TRUE(v.window()->isVisible());
+         v.window()->close();
+       },
+       ui::IDCANCEL},
+      {"Escape", [](TestDlg&, DialogView& v) { QTest::keyClick(v.window(), Qt::Key_Escape); }, ui::IDCANCEL},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.what);
     TestDlg dlg;
-    int r = RunWith(scope.host(), dlg, [&](DialogView& v) {
-      QTest::mouseClick(WidgetAs<QPushButton>(v, dlg.GetDlgItem(ui::IDOK)), Qt::LeftButton);
-    });
-    EXPECT_EQ(r, ui::IDOK);
+    EXPECT_EQ(RunWith(scope.host(), dlg, [&](DialogView& v) { c.act(dlg, v); }), c.result);
   }
-  {
-    TestDlg dlg;
-    int r = RunWith(scope.host(), dlg, [&](DialogView& v) {
-      QTest::mouseClick(WidgetAs<QPushButton>(v, dlg.GetDlgItem(IDC_REPORT)), Qt::LeftButton);
-    });
-    EXPECT_EQ(r, 42);
-  }
-  {
-    TestDlg dlg;
-    bool was_visible = false;
-    int r = RunWith(scope.host(), dlg, [&](DialogView& v) {
-      was_visible = v.window()->isVisible();
-      v.window()->close();
-    });
-    EXPECT_TRUE(was_visible);
-    EXPECT_EQ(r, ui::IDCANCEL);
-  }
-  {
-    TestDlg dlg;
-    int r = RunWith(scope.host(), dlg, [&](DialogView& v) { QTest::keyClick(v.window(), Qt::Key_Escape); });
-    EXPECT_EQ(r, ui::IDCANCEL);
-  }
-  {
-    // A dialog that refuses to be cancelled stays open after the close box.
-    struct Stubborn : TestDlg {
-      void OnCancel() override { ++refusals; }
-      int refusals = 0;
-    } dlg;
-    int r = RunWith(scope.host(), dlg, [&](DialogView& v) {
-      v.window()->close();
-      EXPECT_FALSE(dlg.IsEnded());
-      EXPECT_TRUE(v.window()->isVisible());
-      QTest::mouseClick(WidgetAs<QPushButton>(v, dlg.GetDlgItem(ui::IDOK)), Qt::LeftButton);
-    });
-    EXPECT_EQ(dlg.refusals, 1);
-    EXPECT_EQ(r, ui::IDOK);
-  }
+  // A dialog that refuses to be cancelled stays open after the close box.
+  struct Stubborn : TestDlg {
+    void OnCancel() override { ++refusals; }
+    int refusals = 0;
+  } dlg;
+  int r = RunWith(scope.host(), dlg, [&](DialogView& v) {
+    v.window()->close();
+    EXPECT_FALSE(dlg.IsEnded());
+    EXPECT_TRUE(v.window()->isVisible());
+    click(ui::IDOK)(dlg, v);
+  });
+  EXPECT_EQ(dlg.refusals, 1);
+  EXPECT_EQ(r, ui::IDOK);
   EXPECT_EQ(scope.host().TopView(), nullptr);
 }
 
 TEST(QtRenderer, ASubDialogRunsModallyInsideItsOwner) {
-  QtScope scope(kTestRc);
+  QtScope scope;
   struct Owner : TestDlg {
     Owner() {
       On(IDC_SUBDLG, ui::Notify::Clicked, [this] {
@@ -325,41 +336,6 @@ TEST(QtRenderer, ASubDialogRunsModallyInsideItsOwner) {
   EXPECT_EQ(sub_parent, owner_window);
   EXPECT_EQ(dlg.sub_result, ui::IDOK);
   EXPECT_EQ(r, ui::IDCANCEL);
-}
-
-TEST(QtRenderer, AHandlerExceptionIsShownAndTheDialogGoesOn) {
-  QtScope scope(kTestRc);
-  TestDlg dlg;
-  dlg.On(IDC_CALC, ui::Notify::Clicked, [] { throw std::runtime_error("数据库无法打开"); });
-  std::string text;
-  RunWith(scope.host(), dlg, [&](DialogView& v) {
-    AnswerNextMessageBox("确定", &text);
-    QTest::mouseClick(WidgetAs<QPushButton>(v, dlg.GetDlgItem(IDC_CALC)), Qt::LeftButton);
-    EXPECT_FALSE(dlg.IsEnded());
-  });
-  EXPECT_EQ(text, "数据库无法打开");
-}
-
-TEST(QtRenderer, TheWindowGrabsToAPicture) {
-  QtScope scope(kTestRc);
-  TestDlg dlg;
-  std::string path = (std::filesystem::current_path() / "qt_test_dialog.png").string();
-  std::filesystem::remove(path);
-  RunWith(scope.host(), dlg, [&](DialogView& v) {
-    dlg.form.ShowWindow(true);
-    dlg.GetDlgItem(IDC_RESULT)->SetWindowText("412.5");
-    QPixmap shot = v.window()->grab();
-    EXPECT_TRUE(shot.save(QString::fromStdString(path)));
-    // Something is drawn: the label's text is dark on the light face.
-    QImage img = shot.toImage();
-    const ui::Rect& label = dlg.controls()[1]->GetWindowRect();
-    int dark = 0;
-    for (int y = label.top; y < label.bottom; ++y)
-      for (int x = label.left; x < label.right; ++x)
-        if (qGray(img.pixel(x, y)) < 100) ++dark;
-    EXPECT_GT(dark, 50);
-  });
-  EXPECT_GT(std::filesystem::file_size(path), 1000u);
 }
 
 }  // namespace

@@ -16,7 +16,6 @@
 
 #include "host/qt/picture_frame.h"
 #include "qt_test_support.h"
-#include "test_dialogs.h"
 #include "ui/actions.h"
 #include "ui/property_sheet.h"
 
@@ -48,7 +47,7 @@ class SheetDlg : public ui::Dialog {
 };
 
 TEST(QtWidgets, TabSheetShowsThePageOfTheTabTheDesignerPicks) {
-  QtScope scope(kTestRc);
+  QtScope scope;
   SheetDlg dlg;
   RunWith(scope.host(), dlg, [&](DialogView& v) {
     QWidget* strip = v.WidgetOf(*dlg.sheet.tab());
@@ -117,20 +116,8 @@ class ListDlg : public ui::Dialog {
   std::string picked;
 };
 
-// The model itself: a list view's selection is a row (it has no items of its own).
-TEST(QtWidgets, ListViewSelectionIsARowOfTheModel) {
-  ui::Control lv(nullptr, ui::Kind::ListView, 7001);
-  lv.InsertColumn(0, "型号", 100);
-  lv.InsertItem(0, "YJV");
-  lv.InsertItem(1, "VV");
-  EXPECT_EQ(lv.SetCurSel(1), 1);
-  EXPECT_EQ(lv.GetCurSel(), 1);
-  EXPECT_EQ(lv.SetCurSel(2), -1);
-  EXPECT_EQ(lv.GetCurSel(), -1);
-}
-
 TEST(QtWidgets, ListViewsTablesRichTextAndListsFollowAndAnswer) {
-  QtScope scope(kTestRc);
+  QtScope scope;
   ListDlg dlg;
   RunWith(scope.host(), dlg, [&](DialogView& v) {
     auto* tree = qobject_cast<QTreeWidget*>(v.WidgetOf(*dlg.GetDlgItem(7001)));
@@ -144,12 +131,18 @@ TEST(QtWidgets, ListViewsTablesRichTextAndListsFollowAndAnswer) {
     EXPECT_EQ(dlg.header_clicks, std::vector<int>{1});
     tree->setCurrentItem(tree->topLevelItem(1));
     EXPECT_EQ(dlg.rows_picked, std::vector<int>{1});
-    EXPECT_EQ(dlg.GetDlgItem(7001)->GetCurSel(), 1);
+    // The model's selection is a row: one past the last row selects none.
+    ui::Control& lv = *dlg.GetDlgItem(7001);
+    EXPECT_EQ(lv.GetCurSel(), 1);
+    EXPECT_EQ(lv.SetCurSel(3), -1);
+    EXPECT_EQ(lv.GetCurSel(), -1);
+    EXPECT_EQ(tree->currentItem(), nullptr);
+    EXPECT_EQ(lv.SetCurSel(1), 1);
     // The model sorts its rows (as on a header click): the widget follows, selection too.
-    dlg.GetDlgItem(7001)->SortRows({2, 1, 0});
+    lv.SortRows({2, 1, 0});
     EXPECT_EQ(tree->topLevelItem(0)->text(0).toStdString(), "YJV-3");
     EXPECT_EQ(tree->indexOfTopLevelItem(tree->currentItem()), 1);
-    dlg.GetDlgItem(7001)->DeleteAllItems();
+    lv.DeleteAllItems();
     EXPECT_EQ(tree->topLevelItemCount(), 0);
 
     QWidget* table_box = v.WidgetOf(*dlg.GetDlgItem(7002));
@@ -191,7 +184,7 @@ TEST(QtWidgets, ListViewsTablesRichTextAndListsFollowAndAnswer) {
 }
 
 TEST(QtWidgets, PicturesAreDrawnInsideTheirFrame) {
-  QtScope scope(kTestRc);
+  QtScope scope;
   ui::Dialog dlg(IDD_TEST);
   RunWith(scope.host(), dlg, [&](DialogView& v) {
     ui::Control& frame = *dlg.GetDlgItem(IDC_FRAME);
