@@ -2,13 +2,13 @@
 
 #include <cmath>
 
+#include "services/report/report_blocks_writer.h"
 #include "services/text/number_text.h"
 #include "shell/module_state.h"
 #include "ui/data_exchange.h"
 #include "wggl/wggl_formulas.h"
 #include "wggl/wggl_ids.h"
 #include "wggl/wggl_messages.h"
-#include "services/report/report_blocks_writer.h"
 #include "wggl/wggl_subdialogs.h"
 
 using namespace kestra::wggl;
