@@ -51,7 +51,8 @@ def shortest(x):
     return sig(x, 12)
 
 
-def _write_atomic(path, text):
+def write_atomic(path, text):
+    """Writes the file whole or not at all: a temporary file beside it, flushed, then renamed."""
     tmp = path + ".tmp"
     with open(tmp, "w", encoding="utf-8", newline="") as f:
         f.write(text)
@@ -69,7 +70,7 @@ def write_table(out_dir, file_name, header, rows):
         if len(row) != len(header):
             raise ValueError("%s: row %r does not match the header" % (file_name, row))
         writer.writerow(row)
-    _write_atomic(os.path.join(out_dir, file_name), buf.getvalue())
+    write_atomic(os.path.join(out_dir, file_name), buf.getvalue())
 
 
 def write_tables_txt(out_dir, tables):
@@ -79,7 +80,7 @@ def write_tables_txt(out_dir, tables):
         if "\t" in table_name or "\n" in table_name:
             raise ValueError("table name %r holds a tab or a line end" % table_name)
         lines.append("%s\t%s\n" % (file_name, table_name))
-    _write_atomic(os.path.join(out_dir, "tables.txt"), "".join(lines))
+    write_atomic(os.path.join(out_dir, "tables.txt"), "".join(lines))
 
 
 def prepare_out_dir(out_dir):

@@ -7,7 +7,7 @@ import os
 import sys
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), ".."))
-from catalogue_csv import failure_text, num, read_base, sig  # noqa: E402
+from catalogue_csv import failure_text, num, read_base, sig, write_atomic  # noqa: E402
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 FIRST_LINE = "; OrvelKestra parameter file"
@@ -79,12 +79,7 @@ def main(argv):
     try:
         text = "\n".join([FIRST_LINE] + jsxsc() + djjzzj()) + "\n"
         os.makedirs(os.path.dirname(os.path.abspath(out)), exist_ok=True)
-        tmp = out + ".tmp"
-        with open(tmp, "w", encoding="utf-8", newline="\n") as f:
-            f.write(text)
-            f.flush()
-            os.fsync(f.fileno())
-        os.replace(tmp, out)
+        write_atomic(out, text)
     except (KeyError, ValueError, OSError) as e:
         sys.stderr.write("gen_tabdata.py: %s\n" % failure_text(e))
         return 1

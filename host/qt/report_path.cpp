@@ -4,6 +4,8 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+#include "services/report/report_target.h"
+
 namespace kestra::qt {
 
 std::string DefaultReportFolder() {
@@ -17,18 +19,17 @@ std::optional<std::string> NewReportPathIn(const std::string& folder, std::strin
   if (!dir.mkpath(QStringLiteral("."))) return std::nullopt;
   QFileInfo info(dir.absolutePath());
   if (!info.isDir() || !info.isWritable()) return std::nullopt;
-  // A title is a calculator's name; keep anything that would leave the folder out of it.
-  QString base = QString::fromUtf8(title.data(), static_cast<qsizetype>(title.size())).trimmed();
-  base.replace(QLatin1Char('/'), QLatin1Char('_'));
-  base.replace(QChar(0), QLatin1Char('_'));
-  if (base.isEmpty() || base == QLatin1String(".") || base == QLatin1String("..")) base = QStringLiteral("计算书");
-  base += QLatin1Char(' ') + when.toString(QStringLiteral("yyyy-MM-dd HHmmss"));
-  for (int n = 1; n < 10000; ++n) {
-    QString name = base + (n == 1 ? QString() : QStringLiteral(" (%1)").arg(n)) + QStringLiteral(".docx");
-    QString path = dir.absoluteFilePath(name);
-    if (!QFileInfo::exists(path)) return path.toStdString();
-  }
-  return std::nullopt;
+  // The same readable, unique name as every report of the product (title, date and time).
+  const QDate d = when.date();
+  const QTime t = when.time();
+  std::tm local{};
+  local.tm_year = d.year() - 1900;
+  local.tm_mon = d.month() - 1;
+  local.tm_mday = d.day();
+  local.tm_hour = t.hour();
+  local.tm_min = t.minute();
+  local.tm_sec = t.second();
+  return kestra::report::UniqueReportPath(dir.absolutePath().toStdString(), title, local);
 }
 
 }  // namespace kestra::qt
