@@ -3,7 +3,8 @@
 figures beside this file. Usage: gen_motors.py OUT_DIR
 
 Rated current I = P/(√3·U·η·cosφ); starting current = Ist/In ratio × I. For the 380 V YE3
-series η is the IE3 minimum efficiency of the output and poles."""
+series η is the IE3 minimum efficiency of the output and poles and Ist/In the 50 Hz ratio of
+ye3_start_current.csv, one per motor."""
 
 import math
 import os
@@ -43,17 +44,17 @@ def lv_motors():
     coeff = {int(r["poles"]): tuple(num(r[k]) for k in "ABCD") for r in base("ie3_coefficients.csv")}
     seen = {(int(r["poles"]), num(r["P_kW"])): r for r in base("ye3_seen.csv")}
     speeds = {(int(r["poles"]), num(r["P_kW"])): r["speed_rpm"] for r in base("ye3_speed_assumed.csv")}
+    ratios = {(int(r["poles"]), num(r["P_kW"])): num(r["ist_ratio"]) for r in base("ye3_start_current.csv")}
     ref = base("ie3_reference_set.csv")
     rows = []
     for f in base("ye3_frames.csv"):
         poles, p = int(f["poles"]), num(f["P_kW"])
         same_poles = [r for r in ref if int(r["poles"]) == poles]
-        near = nearest(same_poles, p)
         s = seen.get((poles, p))
-        cosphi = num(s["cosphi"]) if s else num(near["cosphi"])
+        cosphi = num(s["cosphi"]) if s else num(nearest(same_poles, p)["cosphi"])
         speed = s["speed_rpm"] if s else speeds[(poles, p)]
         current = rated_current(p, LV_KV, ie3_efficiency(coeff[poles], p), cosphi)
-        start = num(near["ist_ratio"]) * current
+        start = ratios[(poles, p)] * current
         model = "%s-%s-%d" % (LV_SERIES, f["frame"], poles)
         rows.append([LV_SERIES, model, shortest(p), speed, fixed(current, 1), fixed(start, 1), shortest(LV_KV)])
     return rows
