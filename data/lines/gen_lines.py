@@ -3,7 +3,9 @@
 beside this file. Usage: gen_lines.py OUT_DIR
 
 Every line table has the row number first (not used by the dialog), then its index columns
-("￥" names) and exactly three value columns: R′ (Ω/km), X′ (Ω/km), U (kV), in that order."""
+("￥" names) and exactly three value columns: R′ (Ω/km), X′ (Ω/km), U (kV), in that order.
+R′ is the 50 Hz AC resistance at the conductor temperature (IEC 60287-1-1 skin and proximity
+effect), the DC value where that effect is below 0.5 %."""
 
 import math
 import os
@@ -14,7 +16,13 @@ from catalogue_csv import fixed, generator_main, num, read_base, shortest, sig  
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 VALUE_COLUMNS = ["电阻Ω/km", "感抗Ω/km", "电压kV"]
-OMEGA = 2 * math.pi * 50.0
+FREQUENCY = 50.0
+OMEGA = 2 * math.pi * FREQUENCY
+# IEC 60287-1-1 Table 2: round stranded (or solid) conductors in extruded insulation, not dried
+# and impregnated
+KS = KP = 1.0
+# below this added share the AC resistance is taken equal to the DC one
+AC_EFFECT_SHOWN = 0.005
 LV_SYSTEM_KV = 0.38
 MV_SYSTEM_KV = 10.0
 
@@ -26,6 +34,23 @@ def base(name):
 def resistance_at(r20, alpha, theta):
     """DC resistance at the conductor temperature theta (°C): R20·[1 + α(θ − 20)]."""
     return r20 * (1.0 + alpha * (theta - 20.0))
+
+
+def ac_effect(r_ohm_km, dc_mm, s_mm):
+    """ys + yp of IEC 60287-1-1 at 50 Hz for a conductor of DC resistance r (Ω/km) and diameter dc
+    in a three-phase group with axis spacing s (three-core cable or three single cores in trefoil)."""
+    def f(k):
+        x4 = (8.0 * math.pi * FREQUENCY / (r_ohm_km / 1000.0) * 1e-7 * k) ** 2
+        return x4 / (192.0 + 0.8 * x4)
+    ys, fp, ratio = f(KS), f(KP), dc_mm / s_mm
+    yp = fp * ratio ** 2 * (0.312 * ratio ** 2 + 1.18 / (fp + 0.27))
+    return ys + yp
+
+
+def ac_resistance(r_ohm_km, dc_mm, s_mm):
+    """R′ = Rdc·(1 + ys + yp), or Rdc itself where ys + yp stays below 0.5 %."""
+    effect = ac_effect(r_ohm_km, dc_mm, s_mm)
+    return r_ohm_km * (1.0 + effect) if effect >= AC_EFFECT_SHOWN else r_ohm_km
 
 
 def line_reactance(dm_mm, r_mm):
@@ -60,17 +85,21 @@ def materials():
     return [(m["name"], m["material"], num(m["alpha20"])) for m in base("materials.csv")]
 
 
-def lv_cable_rows(theta):
-    r20 = base("conductor_r20.csv")
+def lv_cable_rows(theta, insulation):
+    """0.6/1 kV multicore cables: cores touching, axis spacing = conductor diameter + 2 × insulation."""
+    r20 = {row["S_mm2"]: row for row in base("conductor_r20.csv")}
     xs = {row["S_mm2"]: num(row["X"]) for row in base("lv_cable_reactance.csv")}
+    cores = base("lv_cable_insulation.csv")
     rows = []
     for name, mat, alpha in materials():
-        for row in r20:
-            s = row["S_mm2"]
-            r = num(row[mat + "20"])
+        for core in cores:
+            s = core["S_mm2"]
+            r = num(r20[s][mat + "20"])
             if r is None or s not in xs:
                 continue
-            rows.append([name, s] + values(resistance_at(r, alpha, theta), xs[s], LV_SYSTEM_KV))
+            dc = strand_diameter(num(s), int(core["wires"]))
+            r_ac = ac_resistance(resistance_at(r, alpha, theta), dc, dc + 2.0 * num(core[insulation]))
+            rows.append([name, s] + values(r_ac, xs[s], LV_SYSTEM_KV))
     return rows
 
 
@@ -80,15 +109,18 @@ def mv_cable_rows(theta):
     rows = []
     for name, mat, alpha in materials():
         for geo in base("mv_cable_geometry.csv"):
-            s = geo["S_mm2"]
-            x = mv_cable_reactance(num(geo["d_mm"]), num(geo["K_mH_km"]), layers)
-            r = resistance_at(num(r20[s][mat + "20"]), alpha, theta)
+            s, d = geo["S_mm2"], num(geo["d_mm"])
+            x = mv_cable_reactance(d, num(geo["K_mH_km"]), layers)
+            r = ac_resistance(resistance_at(num(r20[s][mat + "20"]), alpha, theta), d, d + 2.0 * layers)
             rows.append([name, "3x" + s] + values(r, x, MV_SYSTEM_KV))
     return rows
 
 
 def wire_in_conduit_rows(theta):
+    """Three single-core wires lying loosely in one conduit: mean axis spacing = the stated multiple
+    of a wire's outer diameter, for the reactance and the proximity effect alike."""
     r20 = {row["S_mm2"]: row for row in base("conductor_r20.csv")}
+    spacing = num(base("conduit_spacing.csv")[0]["spacing_per_outer_diameter"])
     rows = []
     for name, mat, alpha in materials():
         for w in base("bv_insulation.csv"):
@@ -97,10 +129,9 @@ def wire_in_conduit_rows(theta):
             if r is None:
                 continue
             d = strand_diameter(num(s), int(w["wires"]))
-            outer = d + 2.0 * num(w["t_ins_mm"])
-            # three wires touching in trefoil: the axis spacing is the outer diameter
-            x = line_reactance(outer, d / 2.0)
-            rows.append([name, s] + values(resistance_at(r, alpha, theta), x, LV_SYSTEM_KV))
+            dm = spacing * (d + 2.0 * num(w["t_ins_mm"]))
+            r_ac = ac_resistance(resistance_at(r, alpha, theta), d, dm)
+            rows.append([name, s] + values(r_ac, line_reactance(dm, d / 2.0), LV_SYSTEM_KV))
     return rows
 
 
@@ -111,10 +142,10 @@ def overhead_rows(voltage, theta, smallest_lj):
     for c in base("overhead_conductors.csv"):
         if c["type"] == "LJ" and num(c["section"]) < smallest_lj:
             continue
-        r = resistance_at(num(c["R20"]), alpha_al, theta)
+        d, r = num(c["diameter_mm"]), resistance_at(num(c["R20"]), alpha_al, theta)
         for dm in spacings:
-            x = line_reactance(num(dm) * 1000.0, num(c["diameter_mm"]) / 2.0)
-            rows.append([c["type"], c["section"], dm] + values(r, x, voltage))
+            s = num(dm) * 1000.0
+            rows.append([c["type"], c["section"], dm] + values(ac_resistance(r, d, s), line_reactance(s, d / 2.0), voltage))
     return rows
 
 
@@ -122,8 +153,8 @@ def build_tables():
     material_cable = ["序号", "￥线芯材料", "￥截面mm2"] + VALUE_COLUMNS
     overhead = ["序号", "￥导线型号", "￥截面mm2", "￥几何均距m"] + VALUE_COLUMNS
     return [
-        ("vv_pvc_0_6_1kv.csv", "0.6/1kV VV/VLV聚氯乙烯绝缘电缆(70℃)", material_cable, lv_cable_rows(70.0)),
-        ("yjv_xlpe_0_6_1kv.csv", "0.6/1kV YJV/YJLV交联聚乙烯绝缘电缆(90℃)", material_cable, lv_cable_rows(90.0)),
+        ("vv_pvc_0_6_1kv.csv", "0.6/1kV VV/VLV聚氯乙烯绝缘电缆(70℃)", material_cable, lv_cable_rows(70.0, "t_pvc_mm")),
+        ("yjv_xlpe_0_6_1kv.csv", "0.6/1kV YJV/YJLV交联聚乙烯绝缘电缆(90℃)", material_cable, lv_cable_rows(90.0, "t_xlpe_mm")),
         ("yjv_xlpe_10kv.csv", "6/10kV YJV/YJLV交联聚乙烯绝缘电缆(90℃)",
          ["序号", "￥线芯材料", "￥规格"] + VALUE_COLUMNS, mv_cable_rows(90.0)),
         ("bv_in_conduit.csv", "BV/BLV绝缘导线穿管敷设(70℃)", material_cable, wire_in_conduit_rows(70.0)),

@@ -89,9 +89,13 @@ class CoefficientTableTest(unittest.TestCase):
         path = os.path.join(os.environ["KESTRA_ROOT_DIR"], "datcom", "tabdata.idp")
         cls.title, cls.header, cls.body, cls.note = read_table(parse_idp(path)[2], "jsxsc")
 
-    def test_title_states_the_unit_of_the_form_it_feeds(self):
+    def test_title_and_note_state_the_units_and_the_basis_of_every_cell(self):
         for unit in ("cosφ=1", "P:kW", "l:km", "S:mm²"):
             self.assertIn(unit, self.title)
+        # the formula of each supply form and the conductivities the cells were computed with
+        for basis in ("三相: C=10γU²/1000", "两相加N线: C为三相值/2.25", "C=5γU²/1000",
+                      "铜%g" % GAMMA["Cu"], "铝%g" % GAMMA["Al"]):
+            self.assertIn(basis, self.note)
         self.assertIn("铜", self.header[1])
         self.assertIn("铝", self.header[2])
 
