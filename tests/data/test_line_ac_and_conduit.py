@@ -31,7 +31,7 @@ def skin_and_proximity(r_ohm_km, dc, s):
     return f + f * (dc / s) ** 2 * (0.312 * (dc / s) ** 2 + 1.18 / (f + 0.27))
 
 
-class LineAcResistanceTest(unittest.TestCase):
+class LineResistanceAndConduitReactanceTest(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         cls.tables = read_catalogue(data_dir("lines"))
@@ -42,6 +42,9 @@ class LineAcResistanceTest(unittest.TestCase):
         cls.layers = sum(float(r["t_mm"]) for r in base("mv_cable_layers.csv"))
         cls.overhead = {(r["type"], r["section"]): r for r in base("overhead_conductors.csv")}
         cls.spacing = float(base("conduit_spacing.csv")[0]["spacing_per_outer_diameter"])
+        # NEC Chapter 9 Table 9, PVC conduit, 60 Hz Ω/1000 ft → 50 Hz Ω/km (X ∝ f)
+        cls.published = sorted((float(r["S_mm2"]), float(r["X_ohm_per_kft_60Hz"]) / 0.3048 * 50 / 60)
+                               for r in base("conduit_reactance_published.csv"))
 
     def dc_resistance_and_geometry(self, name, rec):
         """(R at the conductor temperature, conductor diameter dc, axis spacing s), mm."""
@@ -94,17 +97,6 @@ class LineAcResistanceTest(unittest.TestCase):
                  if x["￥线芯材料"] == mat and x["￥截面mm2"] == sec]
             self.assertTrue(close(r[0], value, rel=0.01 if name == pvc else 1e-3), (name, mat, sec, r, value))
 
-
-class WireInConduitReactanceTest(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        table = [t for t in read_catalogue(data_dir("lines")) if "穿管" in t.name][0]
-        cls.rows = table.records()
-        cls.bv = {r["S_mm2"]: r for r in base("bv_insulation.csv")}
-        # NEC Chapter 9 Table 9, PVC conduit, 60 Hz Ω/1000 ft → 50 Hz Ω/km (X ∝ f)
-        cls.published = sorted((float(r["S_mm2"]), float(r["X_ohm_per_kft_60Hz"]) / 0.3048 * 50 / 60)
-                               for r in base("conduit_reactance_published.csv"))
-
     def published_at(self, section):
         """Published reactance interpolated on log(section); the smallest size below its range."""
         pts = self.published
@@ -116,17 +108,17 @@ class WireInConduitReactanceTest(unittest.TestCase):
         self.fail("section %g beyond the published table" % section)
 
     def test_conduit_reactance_lies_above_trefoil_touching_and_near_the_published_figures(self):
-        for rec in self.rows:
+        conduit = [t for t in self.tables if "穿管" in t.name][0]
+        for rec in conduit.records():
             sec = rec["￥截面mm2"]
             w = self.bv[sec]
             d = diameter(float(sec), int(w["wires"]))
-            x = float(rec["感抗Ω/km"])
+            x, published = float(rec["感抗Ω/km"]), self.published_at(float(sec))
+            # touching in trefoil the axis spacing is one outer diameter: x = 0.1445·lg(Dm/r) + 0.0157
+            trefoil = 0.1445 * math.log10((d + 2 * float(w["t_ins_mm"])) / (d / 2)) + 0.0157
             with self.subTest(row=rec["序号"], section=sec):
-                # touching in trefoil the axis spacing is one outer diameter: x = 0.1445·lg(Dm/r) + 0.0157
-                trefoil = 0.1445 * math.log10((d + 2 * float(w["t_ins_mm"])) / (d / 2)) + 0.0157
                 self.assertGreater(x, trefoil + 0.02)
-                self.assertTrue(close(x, self.published_at(float(sec)), rel=0.10),
-                                (x, self.published_at(float(sec))))
+                self.assertTrue(close(x, published, rel=0.10), (x, published))
 
 
 if __name__ == "__main__":
