@@ -150,5 +150,6 @@ class MotorCatalogueTest(unittest.TestCase):
                 self.assertAlmostEqual(float(m["起动电流A"]), ratio * float(m["额定电流A"]),
                                        delta=0.05 * ratio + 0.051)
 
+
 if __name__ == "__main__":
     unittest.main()
