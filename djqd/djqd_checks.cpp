@@ -1,5 +1,7 @@
 #include "djqd/djqd_checks.h"
 
+#include <initializer_list>
+
 #include "djqd/djqd_messages.h"
 #include "services/text/number_checks.h"
 #include "services/text/number_text.h"
@@ -42,22 +44,8 @@ constexpr InputCheck kLoadAndBus[] = {
     {F::BusVoltage, R::TextPositive, kMsgBusVoltage},
 };
 
-constexpr InputCheck kRequirement[] = {
-    {F::ShortCircuit, R::Positive, kMsgShortCircuit},
-    {F::Load, R::Positive, kMsgLoad},
-    {F::PowerFactor, R::Positive, kMsgPowerFactor},
-    {F::PowerFactor, R::AtMostOne, kMsgPowerFactorAboveOne},
-    {F::BusVoltage, R::TextPositive, kMsgBusVoltage},
-    {F::CableType, R::Selected, kMsgNoCableType},
-    {F::Section, R::TextNonNegative, kMsgSection},
-    {F::Length, R::NonNegative, kMsgLength},
-    {F::Power, R::Positive, kMsgPower},
-    {F::Speed, R::Positive, kMsgSpeed},
-    {F::RatedCurrent, R::Positive, kMsgRatedCurrent},
-    {F::StartingCurrent, R::Positive, kMsgStartingCurrent},
-    {F::RatedVoltage, R::Positive, kMsgRatedVoltage},
-    {F::RequiredUstm, R::PositiveBelowOne, kMsgRequiredUstm},
-};
+constexpr InputCheck kShortCircuit[] = {{F::ShortCircuit, R::Positive, kMsgShortCircuit}};
+constexpr InputCheck kRequiredUstm[] = {{F::RequiredUstm, R::PositiveBelowOne, kMsgRequiredUstm}};
 
 constexpr InputCheck kRatioRecheck[] = {
     {F::CableType, R::Selected, kMsgNoCableTypeRecheck},
@@ -86,6 +74,12 @@ constexpr InputCheck kTime[] = {
     {F::Mj, R::Positive, kMsgMj},
 };
 
+std::vector<InputCheck> Joined(std::initializer_list<std::span<const InputCheck>> parts) {
+  std::vector<InputCheck> all;
+  for (auto part : parts) all.insert(all.end(), part.begin(), part.end());
+  return all;
+}
+
 }  // namespace
 
 bool Passes(Rule rule, const FieldValue& v) {
@@ -102,7 +96,6 @@ bool Passes(Rule rule, const FieldValue& v) {
 }
 
 std::vector<InputCheck> StartChecks(StartMethod method) {
-  std::vector<InputCheck> checks(std::begin(kCableAndMotor), std::end(kCableAndMotor));
   std::span<const InputCheck> form;
   switch (method) {
     case StartMethod::FullVoltage:
@@ -110,12 +103,15 @@ std::vector<InputCheck> StartChecks(StartMethod method) {
     case StartMethod::Reactor: form = kReactorForm; break;
     case StartMethod::Autotransformer: form = kAutotransformerForm; break;
   }
-  checks.insert(checks.end(), form.begin(), form.end());
-  checks.insert(checks.end(), std::begin(kLoadAndBus), std::end(kLoadAndBus));
+  return Joined({kCableAndMotor, form, kLoadAndBus});
+}
+
+std::span<const InputCheck> RequirementChecks() {
+  // The inputs first, then cable and motor as on the first page, the requirement last.
+  static const std::vector<InputCheck> checks = Joined({kShortCircuit, kLoadAndBus, kCableAndMotor, kRequiredUstm});
   return checks;
 }
 
-std::span<const InputCheck> RequirementChecks() { return kRequirement; }
 std::span<const InputCheck> RatioRecheckChecks() { return kRatioRecheck; }
 std::span<const InputCheck> TorqueChecks() { return kTorque; }
 std::span<const InputCheck> TimeChecks() { return kTime; }
