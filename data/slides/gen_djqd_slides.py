@@ -53,8 +53,9 @@ def system(s, x, y):
         s.line(hx, y - 4, hx + 8, y - 12)
 
 
-def switch(s, x, y1, y2, kind):
-    """A breaker (x at the fixed contact) or a contactor (half circle) between y1 and y2."""
+def switch(s, x, y1, y2, kind, name, left=False):
+    """A breaker (x at the fixed contact) or a contactor (half circle) between y1 and y2, with
+    its letters beside the blade."""
     fixed = y1 + (y2 - y1) * 0.3
     pivot = y2 - (y2 - y1) * 0.25
     s.line(x, y1, x, fixed)
@@ -65,7 +66,11 @@ def switch(s, x, y1, y2, kind):
         s.arc(x, fixed + 4, 4, 90, -90, segments=6)
     s.line(x, pivot, x - 13, fixed + 2)
     s.line(x, pivot, x, y2)
-    return (fixed + pivot) / 2
+    baseline = (fixed + pivot) / 2 + DEVICE_H / 2
+    if left:
+        label(s, x - 20, baseline, name, DEVICE, DEVICE_H, "right")
+    else:
+        label(s, x + 14, baseline, name, DEVICE, DEVICE_H)
 
 
 def transformer(s, x, y, r=16):
@@ -134,8 +139,7 @@ def full_voltage():
     label(s, 112, 146, "U_{M}", SYMBOL, SYMBOL_H, "right")
     arrow_down(s, 360, 140, 202)
     label(s, 370, 192, "S_{fh}", SYMBOL, SYMBOL_H)
-    mid = switch(s, x, 140, 205, "breaker")
-    label(s, x + 14, mid + DEVICE_H / 2, "QF", DEVICE, DEVICE_H)
+    switch(s, x, 140, 205, "breaker", "QF")
     cable(s, x, 205, 294)
     motor(s, x, 320)
     return s
@@ -145,8 +149,7 @@ def transformer_motor_unit():
     s = Slide("Jsdl2", WIDTH, HEIGHT)
     x = 200
     supply_bus(s, 40, 360)
-    mid = switch(s, x, 40, 110, "breaker")
-    label(s, x + 14, mid + DEVICE_H / 2, "QF", DEVICE, DEVICE_H)
+    switch(s, x, 40, 110, "breaker", "QF")
     s.line(x, 110, x, 125)
     bottom = transformer(s, x, 125)
     transformer_labels(s, x, 125)
@@ -159,8 +162,7 @@ def reactor_starting():
     s = Slide("Jsdl3", WIDTH, HEIGHT)
     x, bypass = 200, 262
     supply_bus(s, 40, 380)
-    mid = switch(s, x, 40, 110, "breaker")
-    label(s, x + 14, mid + DEVICE_H / 2, "QF", DEVICE, DEVICE_H)
+    switch(s, x, 40, 110, "breaker", "QF")
     top, bottom = 125, 225
     s.line(x, 110, x, top)
     dot(s, x, top)
@@ -169,9 +171,8 @@ def reactor_starting():
     label(s, x - 24, (top + bottom) / 2 - 2, "L", DEVICE, DEVICE_H, "right")
     label(s, x - 24, (top + bottom) / 2 + 20, "X_{k}", SYMBOL, SYMBOL_H, "right")
     s.polyline([(x, top), (bypass, top), (bypass, top + 15)])
-    mid = switch(s, bypass, top + 15, bottom - 15, "contactor")
+    switch(s, bypass, top + 15, bottom - 15, "contactor", "KM")
     s.polyline([(bypass, bottom - 15), (bypass, bottom), (x, bottom)])
-    label(s, bypass + 14, mid + DEVICE_H / 2, "KM", DEVICE, DEVICE_H)
     cable(s, x, bottom, 294)
     motor(s, x, 320)
     return s
@@ -181,18 +182,15 @@ def autotransformer_starting():
     s = Slide("Jsdl4", WIDTH, HEIGHT)
     x, auto = 260, 170
     supply_bus(s, 40, 400)
-    mid = switch(s, x, 40, 100, "breaker")
-    label(s, x + 14, mid + DEVICE_H / 2, "QF", DEVICE, DEVICE_H)
+    switch(s, x, 40, 100, "breaker", "QF")
     top, tap = 112, 240
     dot(s, x, top)
     dot(s, x, tap)
     # run contactor straight through to the motor
-    mid = switch(s, x, top, tap, "contactor")
-    label(s, x + 14, mid + DEVICE_H / 2, "KM3", DEVICE, DEVICE_H)
+    switch(s, x, top, tap, "contactor", "KM3")
     # start: KM1 to the autotransformer, its tap to the motor, KM2 closing its star point
     s.polyline([(x, top), (auto, top), (auto, top + 8)])
-    mid = switch(s, auto, top + 8, 172, "contactor")
-    label(s, auto - 20, mid + DEVICE_H / 2, "KM1", DEVICE, DEVICE_H, "right")
+    switch(s, auto, top + 8, 172, "contactor", "KM1", left=True)
     w1, w2 = 176, 272
     s.line(auto, 172, auto, w1)
     r = winding(s, auto, w1, w2)
@@ -201,8 +199,7 @@ def autotransformer_starting():
     label(s, auto - 16, w1 + 36, "T", DEVICE, DEVICE_H, "right")
     label(s, auto - 16, w1 + 60, "K_{z}", SYMBOL, SYMBOL_H, "right")
     s.line(auto, w2, auto, w2 + 6)
-    mid = switch(s, auto, w2 + 6, 338, "contactor")
-    label(s, auto - 20, mid + DEVICE_H / 2, "KM2", DEVICE, DEVICE_H, "right")
+    switch(s, auto, w2 + 6, 338, "contactor", "KM2", left=True)
     s.line(auto - 12, 338, auto + 12, 338)  # the star point
     cable(s, x, tap, 300)
     motor(s, x, 326, r=24)
