@@ -111,9 +111,11 @@ def cable(s, x, y1, y2):
     label(s, x + 10, (y1 + y2) / 2 + DEVICE_H / 2, "W", DEVICE, DEVICE_H)
 
 
-def supply_bus(s, y, load_x, x1=120, x2=420):
-    """The bus the motor starts from, with its symbols and the pre-connected load."""
+def supply_bus(s, y, load_x, feeder_x, feeder_end, x1=120, x2=420):
+    """The bus the motor starts from, with its symbols, the pre-connected load and the motor
+    feeder's breaker."""
     bus(s, y, x1, x2)
+    switch(s, feeder_x, y, feeder_end, "breaker", "QF")
     label(s, x1 - 8, y - 4, "S_{km}", SYMBOL, SYMBOL_H, "right")
     label(s, x1 - 8, y + 18, "U_{M}", SYMBOL, SYMBOL_H, "right")
     arrow_down(s, load_x, y, y + 62)
@@ -148,8 +150,7 @@ def full_voltage():
 def transformer_motor_unit():
     s = Slide("Jsdl2", WIDTH, HEIGHT)
     x = 200
-    supply_bus(s, 40, 360)
-    switch(s, x, 40, 110, "breaker", "QF")
+    supply_bus(s, 40, 360, x, 110)
     s.line(x, 110, x, 125)
     bottom = transformer(s, x, 125)
     transformer_labels(s, x, 125)
@@ -161,8 +162,7 @@ def transformer_motor_unit():
 def reactor_starting():
     s = Slide("Jsdl3", WIDTH, HEIGHT)
     x, bypass = 200, 262
-    supply_bus(s, 40, 380)
-    switch(s, x, 40, 110, "breaker", "QF")
+    supply_bus(s, 40, 380, x, 110)
     top, bottom = 125, 225
     s.line(x, 110, x, top)
     dot(s, x, top)
@@ -181,8 +181,7 @@ def reactor_starting():
 def autotransformer_starting():
     s = Slide("Jsdl4", WIDTH, HEIGHT)
     x, auto = 260, 170
-    supply_bus(s, 40, 400)
-    switch(s, x, 40, 100, "breaker", "QF")
+    supply_bus(s, 40, 400, x, 100)
     top, tap = 112, 240
     dot(s, x, top)
     dot(s, x, tap)
