@@ -52,9 +52,11 @@ def shortest(x):
 
 
 def write_atomic(path, text):
-    """Writes the file whole or not at all: a temporary file beside it, flushed, then renamed."""
+    """Writes the file (UTF-8 text, or bytes as they are) whole or not at all: a temporary file
+    beside it, flushed, then renamed."""
     tmp = path + ".tmp"
-    with open(tmp, "w", encoding="utf-8", newline="") as f:
+    binary = isinstance(text, bytes)
+    with open(tmp, "wb" if binary else "w", **({} if binary else {"encoding": "utf-8", "newline": ""})) as f:
         f.write(text)
         f.flush()
         os.fsync(f.fileno())

@@ -2,6 +2,7 @@
 // One control of a dialog: the state a designer sees (text, items, selection, check,
 // enabled, visible, position) with the classic Win32 operations on it. Every change
 // goes through these operations so that a renderer showing the dialog stays in step.
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <vector>
@@ -50,14 +51,30 @@ struct TableData {
   std::string note;
 };
 
-// A simple vector picture (slides): lines in picture coordinates with their colour index.
+// A vector picture (a slide): lines and filled polygons in picture coordinates (y downwards)
+// with their CAD colour index, drawn in file order: a fill comes after its first_line lines.
 struct VectorPicture {
   struct Line {
     int x1, y1, x2, y2;
     int color;
+    bool operator==(const Line&) const = default;
   };
+  struct Point {
+    int x, y;
+    bool operator==(const Point&) const = default;
+  };
+  struct Fill {
+    std::vector<Point> points;
+    int color;
+    std::size_t first_line;
+    bool operator==(const Fill&) const = default;
+  };
+  std::string name;  // the slide's name in its library, so that a transcript can tell which is shown
   int width = 0, height = 0;
+  double aspect = 0;  // width / height of the screen it was made on; 0: square pixels
   std::vector<Line> lines;
+  std::vector<Fill> fills;
+  bool operator==(const VectorPicture&) const = default;
 };
 
 class Control {

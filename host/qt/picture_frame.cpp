@@ -6,20 +6,6 @@
 
 namespace kestra::qt {
 
-namespace {
-
-bool SameLines(const ui::VectorPicture& a, const ui::VectorPicture& b) {
-  if (a.width != b.width || a.height != b.height || a.lines.size() != b.lines.size()) return false;
-  for (std::size_t i = 0; i < a.lines.size(); ++i) {
-    const auto& x = a.lines[i];
-    const auto& y = b.lines[i];
-    if (x.x1 != y.x1 || x.y1 != y.y1 || x.x2 != y.x2 || x.y2 != y.y2 || x.color != y.color) return false;
-  }
-  return true;
-}
-
-}  // namespace
-
 QColor SlideColor(int index) {
   switch (index) {
     case 1: return QColor(255, 0, 0);
@@ -53,11 +39,47 @@ PictureFrame::PictureFrame(Look look, QWidget* parent) : QFrame(parent), look_(l
 
 bool PictureFrame::SetPicture(const ui::VectorPicture* picture) {
   if (!picture && !picture_) return false;
-  if (picture && picture_ && SameLines(*picture, *picture_)) return false;
+  if (picture && picture_ && *picture == *picture_) return false;
   if (picture) picture_ = *picture;
   else picture_.reset();
   update();
   return true;
+}
+
+void PictureFrame::DrawSlide(QPainter& p, const QRect& area) const {
+  // A slide is drawn as on the CAD screen it was made for: on black (its colours are chosen
+  // for black), scaled to fit with the screen's proportions kept and centred.
+  p.fillRect(area, Qt::black);
+  const ui::VectorPicture& pic = *picture_;
+  if (pic.width <= 0 || pic.height <= 0) return;
+  const double proportion = pic.aspect > 0 ? pic.aspect : pic.width / static_cast<double>(pic.height);
+  const double shown_w = std::min<double>(area.width(), area.height() * proportion);
+  const double shown_h = shown_w / proportion;
+  const double sx = shown_w / pic.width, sy = shown_h / pic.height;
+  const double ox = area.left() + (area.width() - shown_w) / 2, oy = area.top() + (area.height() - shown_h) / 2;
+  auto at = [&](int x, int y) { return QPointF(ox + (x + 0.5) * sx, oy + (y + 0.5) * sy); };
+  p.save();
+  p.setClipRect(area);
+  p.setRenderHint(QPainter::Antialiasing);
+  std::size_t next_fill = 0;
+  auto fills_before = [&](std::size_t line) {
+    for (; next_fill < pic.fills.size() && pic.fills[next_fill].first_line <= line; ++next_fill) {
+      const auto& f = pic.fills[next_fill];
+      QPolygonF polygon;
+      for (const auto& pt : f.points) polygon << at(pt.x, pt.y);
+      p.setPen(QPen(SlideColor(f.color), 1));
+      p.setBrush(SlideColor(f.color));
+      p.drawPolygon(polygon);
+    }
+  };
+  for (std::size_t i = 0; i < pic.lines.size(); ++i) {
+    fills_before(i);
+    const auto& l = pic.lines[i];
+    p.setPen(QPen(SlideColor(l.color), 1.2, Qt::SolidLine, Qt::RoundCap));
+    p.drawLine(at(l.x1, l.y1), at(l.x2, l.y2));
+  }
+  fills_before(pic.lines.size());
+  p.restore();
 }
 
 void PictureFrame::paintEvent(QPaintEvent* e) {
@@ -65,22 +87,7 @@ void PictureFrame::paintEvent(QPaintEvent* e) {
   if (look_ == Look::BlackFill) p.fillRect(rect(), Qt::black);
   if (look_ == Look::GrayFill) p.fillRect(rect(), Qt::gray);
   if (look_ == Look::WhiteFill) p.fillRect(rect(), Qt::white);
-  if (picture_) {
-    // A slide is drawn as on the CAD screen: on black, scaled to fit, aspect kept
-    // (picture coordinates: y grows downwards, as in a bitmap).
-    QRect area = contentsRect();
-    p.fillRect(area, Qt::black);
-    if (picture_->width > 0 && picture_->height > 0) {
-      double scale = std::min(area.width() / static_cast<double>(picture_->width),
-                              area.height() / static_cast<double>(picture_->height));
-      double ox = area.left() + (area.width() - picture_->width * scale) / 2;
-      double oy = area.top() + (area.height() - picture_->height * scale) / 2;
-      for (const auto& l : picture_->lines) {
-        p.setPen(QPen(SlideColor(l.color), 1));
-        p.drawLine(QPointF(ox + l.x1 * scale, oy + l.y1 * scale), QPointF(ox + l.x2 * scale, oy + l.y2 * scale));
-      }
-    }
-  }
+  if (picture_) DrawSlide(p, contentsRect());
   p.end();
   QFrame::paintEvent(e);
 }

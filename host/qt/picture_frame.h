@@ -7,6 +7,8 @@
 
 #include "ui/control.h"
 
+class QPainter;
+
 namespace kestra::qt {
 
 class PictureFrame : public QFrame {
@@ -21,6 +23,7 @@ class PictureFrame : public QFrame {
   void paintEvent(QPaintEvent* e) override;
 
  private:
+  void DrawSlide(QPainter& p, const QRect& area) const;
   Look look_;
   std::optional<ui::VectorPicture> picture_;
 };

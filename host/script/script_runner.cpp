@@ -56,6 +56,10 @@ std::string JoinRow(const std::vector<std::string>& cells) {
   return s;
 }
 
+std::string Counted(std::size_t n, const char* thing) {
+  return std::to_string(n) + " " + thing + (n == 1 ? "" : "s");
+}
+
 }  // namespace
 
 ScriptRunner::ScriptRunner(host::HostSession& session, ui::HeadlessHost& ui, std::ostream& transcript, std::ostream& errors)
@@ -240,6 +244,11 @@ void ScriptRunner::Print(ui::Control& c, const Word& ctl) {
   out_ << ctl.raw << " = " << ui::TranscriptText(text);
   if (c.kind() == Kind::Combo || c.kind() == Kind::ListBox || c.kind() == Kind::ListView) out_ << " #" << sel;
   if ((c.kind() == Kind::CheckBox || c.kind() == Kind::Radio) && c.GetCheck() != 0) out_ << " [checked]";
+  if (const ui::VectorPicture* pic = c.picture()) {
+    out_ << " [slide " << ui::TranscriptText(pic->name) << ", " << Counted(pic->lines.size(), "vector");
+    if (!pic->fills.empty()) out_ << ", " << Counted(pic->fills.size(), "fill");
+    out_ << ']';
+  }
   if (!EnabledForDesigner(c)) out_ << " [disabled]";
   if (!ShownToDesigner(c)) out_ << " [hidden]";
   out_ << '\n';

@@ -104,6 +104,8 @@ class MainDlg : public ui::Dialog {
     list.SetItemText(1, 1, "2");
     CreateControl(ui::Kind::Table, 122, "", ui::Rect{0, 100, 100, 80})
         .SetTable(ui::TableData{"系数", {"A", "B"}, {{"0.1", "0.2"}, {"0.3", "0.4"}}, ""});
+    ui::VectorPicture slide{"Jsdl2", 40, 30, 0, {{0, 0, 10, 0, 7}, {10, 0, 10, 10, 7}}, {{{{1, 1}, {2, 1}, {2, 2}}, 2, 1}}};
+    CreateControl(ui::Kind::Frame, 123, "", ui::Rect{0, 180, 40, 210}).SetPicture(slide);
   }
 };
 
@@ -298,8 +300,9 @@ TEST(ScriptDialogs, ActionsReachTheirHandlersAndPrintsShowTheControls) {
        {"sub 1 已检查"}, 3},
       {"controls created at run time",
        "TMAIN\nclick \"添加\"\nset 120 新值\nprint 120\nselect 121 1\nprint 121\nselect 121 甲行\nprint-items 121\n"
-       "header 121 1\npick 122 1 0\nprint 122\nprint-items 122\ncancel\n",
-       "120 = 新值\n121 = 乙行 #1\n甲行 | 1\n乙行 | 2\n122 = 0.3\n0.1 | 0.2\n0.3 | 0.4\n", false,
+       "header 121 1\npick 122 1 0\nprint 122\nprint-items 122\nprint 123\ncancel\n",
+       "120 = 新值\n121 = 乙行 #1\n甲行 | 1\n乙行 | 2\n122 = 0.3\n0.1 | 0.2\n0.3 | 0.4\n"
+       "123 =  [slide Jsdl2, 2 vectors, 1 fill]\n", false,
        {"header 1", "picked 0.3"}, 0},
   };
   for (const auto& c : cases) {

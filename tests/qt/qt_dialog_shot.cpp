@@ -1,12 +1,15 @@
 // Renders a dialog template through the Qt host into a PNG, to look at a layout without the
 // calculator behind it (e.g. on the test template tests/qt/data/test_dialogs.rc):
-//   qt_dialog_shot FILE.rc DIALOG OUT.png [CHILD@X,Y[w] ...]
-// DIALOG and CHILD are ids or symbols; each child form is shown inside the dialog at (X, Y)
-// dialog units; a trailing "w" gives it a white background.
+//   qt_dialog_shot FILE.rc DIALOG OUT.png [CHILD@X,Y[w] | CONTROL=LIBRARY.slb#SLIDE | CONTROL=PAGE.rtf ...]
+// DIALOG, CHILD and CONTROL are ids or symbols; each child form is shown inside the dialog at
+// (X, Y) dialog units, a trailing "w" gives it a white background; a picture control shows the
+// named slide of a slide library, a rich-text control a description page.
 #include <cstdio>
+#include <functional>
 #include <fstream>
 #include <memory>
 #include <sstream>
+#include <utility>
 #include <vector>
 
 #include <QApplication>
@@ -18,6 +21,8 @@
 #include "host/qt/qt_ui_host.h"
 #include "ui/dialog.h"
 #include "ui/resource_script.h"
+#include "ui/rtf_reader.h"
+#include "ui/slide_library.h"
 
 namespace {
 
@@ -28,9 +33,14 @@ struct ChildSpec {
 
 class ShotDialog : public ui::Dialog {
  public:
-  ShotDialog(int id, std::vector<ChildSpec> specs) : Dialog(id), specs_(std::move(specs)) {}
+  using Content = std::pair<int, std::function<void(ui::Control&)>>;
+  ShotDialog(int id, std::vector<ChildSpec> specs, std::vector<Content> contents)
+      : Dialog(id), specs_(std::move(specs)), contents_(std::move(contents)) {}
   bool OnInitDialog() override {
     Dialog::OnInitDialog();
+    for (auto& [id, fill] : contents_)
+      if (ui::Control* c = GetDlgItem(id)) fill(*c);
+      else std::fprintf(stderr, "no control %d\n", id);
     for (const ChildSpec& s : specs_) {
       auto& child = *children_.emplace_back(std::make_unique<ui::Dialog>(s.id));
       if (!child.Create(this)) {
@@ -47,6 +57,7 @@ class ShotDialog : public ui::Dialog {
 
  private:
   std::vector<ChildSpec> specs_;
+  std::vector<Content> contents_;
   std::vector<std::unique_ptr<ui::Dialog>> children_;
 };
 
@@ -58,7 +69,7 @@ int Fail(const char* what, const std::string& arg, int status = 1) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc < 4) return Fail("usage:", std::string(argv[0]) + " FILE.rc DIALOG OUT.png [CHILD@X,Y[w] ...]", 2);
+  if (argc < 4) return Fail("usage:", std::string(argv[0]) + " FILE.rc DIALOG OUT.png [CHILD@X,Y[w] | CONTROL=LIBRARY.slb#SLIDE | CONTROL=PAGE.rtf ...]", 2);
   QApplication app(argc, argv);
   std::ifstream in(argv[1], std::ios::binary);
   if (!in) return Fail("cannot read", argv[1]);
@@ -74,8 +85,26 @@ int main(int argc, char** argv) {
     return !s.empty() && s.find_first_not_of("0123456789") == std::string::npos ? std::atoi(s.c_str()) : res.Symbol(s, -1);
   };
   std::vector<ChildSpec> specs;
+  std::vector<ShotDialog::Content> contents;
   for (int i = 4; i < argc; ++i) {
     std::string a = argv[i];
+    if (auto eq = a.find('='); eq != std::string::npos) {
+      const int id = id_of(a.substr(0, eq));
+      const std::string file = a.substr(eq + 1);
+      if (auto hash = file.rfind('#'); hash != std::string::npos) {
+        ui::CSlideLibraryData slides;
+        if (slides.Read(file.substr(0, hash)) < 1) return Fail("no slides:", slides.error());
+        const ui::VectorPicture* pic = slides.GetPicture(slides.FindSlide(file.substr(hash + 1)));
+        if (!pic) return Fail("no slide", file.substr(hash + 1));
+        contents.emplace_back(id, [pic = *pic](ui::Control& c) { c.SetPicture(pic); });
+      } else {
+        std::string error;
+        auto page = ui::ReadRtfFile(file, &error);
+        if (!page) return Fail("no page:", error);
+        contents.emplace_back(id, [page = *page](ui::Control& c) { c.SetRichDocument(page); });
+      }
+      continue;
+    }
     auto at = a.find('@'), comma = a.find(',');
     if (at == std::string::npos || comma == std::string::npos || comma < at) return Fail("bad child", a, 2);
     bool white = a.back() == 'w';
@@ -86,7 +115,7 @@ int main(int argc, char** argv) {
   kestra::qt::QtUiHost host;
   ui::PushResources(&res);
   ui::SetCurrentHost(&host);
-  ShotDialog dlg(id_of(argv[2]), specs);
+  ShotDialog dlg(id_of(argv[2]), specs, std::move(contents));
   bool saved = false;
   QTimer::singleShot(50, [&] {
     if (auto* v = host.TopView()) {

@@ -2,6 +2,8 @@
 // displays, rich text and pictures, each shown from the model and acted on by the designer.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include <QDialog>
 #include <QHeaderView>
 #include <QImage>
@@ -192,6 +194,7 @@ TEST(QtWidgets, PicturesAreDrawnInsideTheirFrame) {
     pic.width = 100;
     pic.height = 50;
     pic.lines.push_back({0, 25, 100, 25, 1});  // a red line across the middle
+    pic.fills.push_back({{{60, 35}, {90, 35}, {90, 45}, {60, 45}}, 2, 1});  // a yellow block below it, right
     frame.SetPicture(pic);
     QWidget* w = v.WidgetOf(frame);
     QImage img = w->grab().toImage();
@@ -207,6 +210,10 @@ TEST(QtWidgets, PicturesAreDrawnInsideTheirFrame) {
     for (int y = 0; y < img.height(); ++y)
       if (img.pixelColor(img.width() / 2, y) == QColor(Qt::black)) ++black;
     EXPECT_GT(red, img.width() / 2);
+    // The picture is 2:1, centred; the block's centre (75, 40) of 100 x 50 lies there.
+    const double scale = std::min(img.width() / 100.0, img.height() / 50.0);
+    const QColor block = img.pixelColor(int(img.width() / 2 + 25 * scale), int(img.height() / 2 + 15 * scale));
+    EXPECT_EQ(block, QColor(Qt::yellow)) << block.name().toStdString();
     EXPECT_GT(black, img.height() / 3);
     EXPECT_EQ(SlideColor(7), QColor(Qt::white));
   });

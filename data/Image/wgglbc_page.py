@@ -1,69 +1,9 @@
 #!/usr/bin/env python3
 """Writes data/Image/Wgglbc.RTF, the description page of the reactive compensation calculator.
 
-The page is plain ASCII RTF: Chinese text goes in as \\uN escapes (with "?" for readers without
-Unicode), so the file reads the same whatever code page the reader assumes.
-Run from the repository root: python3 wggl/make_description_page.py
+Run from anywhere: python3 data/Image/wgglbc_page.py
 """
-import pathlib
-import re
-
-OUT = pathlib.Path(__file__).resolve().parent.parent / "data" / "Image" / "Wgglbc.RTF"
-
-
-def esc(text):
-    out = []
-    for ch in text:
-        cp = ord(ch)
-        if ch in "\\{}":
-            out.append("\\" + ch)
-        elif ch == "\t":
-            out.append("\\tab ")
-        elif cp < 0x80:
-            out.append(ch)
-        else:
-            n = cp if cp < 0x8000 else cp - 0x10000
-            out.append("\\u%d?" % n)
-    return "".join(out)
-
-
-def marked(text):
-    """Text with _{sub}, ^{sup} and **bold** marks as RTF groups."""
-    parts = []
-    pos = 0
-    for m in re.finditer(r"_\{([^}]*)\}|\^\{([^}]*)\}|\*\*([^*]*)\*\*", text):
-        parts.append(esc(text[pos:m.start()]))
-        if m.group(1) is not None:
-            parts.append("{\\sub " + esc(m.group(1)) + "}")
-        elif m.group(2) is not None:
-            parts.append("{\\super " + esc(m.group(2)) + "}")
-        else:
-            parts.append("{\\b " + esc(m.group(3)) + "}")
-        pos = m.end()
-    parts.append(esc(text[pos:]))
-    return "".join(parts)
-
-
-def title(text):
-    return "\\pard\\qc\\sb120\\sa120{\\b\\fs32 " + marked(text) + "}\\par\n"
-
-
-def heading(text):
-    return "\\pard\\ql\\sb120\\sa60{\\b\\fs24 " + marked(text) + "}\\par\n"
-
-
-def para(text, indent=True):
-    first = "\\fi420" if indent else ""
-    return "\\pard\\qj" + first + "\\sa60 " + marked(text) + "\\par\n"
-
-
-def formula(text):
-    return "\\pard\\qc\\sa60{\\i " + marked(text) + "}\\par\n"
-
-
-def item(text):
-    return "\\pard\\ql\\li420\\sa40 " + marked(text) + "\\par\n"
-
+from rtf_page import formula, heading, item, para, title, write_page
 
 body = [
     title("无功功率补偿计算说明"),
@@ -112,11 +52,4 @@ body = [
          "计算公式和过程及计算结果。单个电容器额定容量、台数和实际补偿容量取最近一次台数计算的结果。"),
 ]
 
-rtf = ("{\\rtf1\\ansi\\ansicpg936\\deff0\\uc1"
-       "{\\fonttbl{\\f0\\fnil\\fcharset134 \\u23435?\\u20307?;}{\\f1\\fswiss Arial;}}\n"
-       "{\\info{\\title Wgglbc}}\n"
-       "\\viewkind4\\f0\\fs21\n" + "".join(body) + "}\n")
-
-OUT.parent.mkdir(parents=True, exist_ok=True)
-OUT.write_bytes(rtf.encode("ascii"))
-print(OUT)
+write_page("Wgglbc.RTF", "Wgglbc", body)
