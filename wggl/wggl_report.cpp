@@ -3,6 +3,7 @@
 #include <cmath>
 #include <string>
 
+#include "services/text/format.h"
 #include "services/text/number_text.h"
 #include "wggl/wggl_formulas.h"
 
