@@ -43,7 +43,8 @@ WgglResults Calculate(const WgglInputs& in) {
   const double qc = SignedCapacity(u.alpha, u.p_js, r.rate.qc);
   r.negative = qc < 0;
   r.qc = Round2(r.negative ? -qc : qc);
-  r.report_capacity = qc;  // the report keeps the sign
+  // The report's line reads "αqc Pjs" and multiplies in that order; it keeps the sign.
+  r.report_capacity = (u.alpha * r.rate.qc) * u.p_js;
   r.derivation = MatchingDerivation(u);
 
   if (u.count_capacitors) {

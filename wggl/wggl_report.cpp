@@ -39,7 +39,8 @@ std::string Formulas(const WgglResults& r) {
 
 std::string Results(const WgglResults& r, const std::optional<CapacitorBank>& bank) {
   std::string out = Format("\t单个电容器额定容量=%.2fkVar", r.used.rating);
-  out += "\n\t实际补偿容量=" + (bank ? Format("%.2fkVar", bank->capacity) : std::string());
+  // Before any count the values are left blank, as the dialog leaves them; the units stay.
+  out += Format("\n\t实际补偿容量=%.2fkVar", bank ? std::optional(bank->capacity) : std::nullopt);
   out += Format("\n\t并联电容器数量=%.0f", bank ? std::optional(bank->count) : std::nullopt);
   return out;
 }

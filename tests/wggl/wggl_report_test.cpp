@@ -98,7 +98,18 @@ TEST(WgglReport, NegativeCapacityKeepsItsSignAndMissingCountsStayBlank) {
   // No capacitor count since the dialog opened: the values are left blank as the dialog does.
   v.rating = 25;  // the loaded rating's integer part
   v.count_capacitors = false;
-  EXPECT_EQ(Report(v)[8].text, "\t单个电容器额定容量=25.00kVar\n\t实际补偿容量=\n\t并联电容器数量=");
+  EXPECT_EQ(Report(v)[8].text, "\t单个电容器额定容量=25.00kVar\n\t实际补偿容量=kVar\n\t并联电容器数量=");
+}
+
+// The line writes αqc Pjs and multiplies in that order: tanφ1 = 0.8/0.6 → 1.33, tanφ2 =
+// √0.19/0.9 = 0.4843 → 0.48, qc = 0.85; 0.7·0.85 = 0.595 (just below in binary), ·105 =
+// 62.4749… → 62.47, while the dialog's (0.7·105)·0.85 = 62.4750… shows 62.48.
+TEST(WgglReport, CompensationLineMultipliesAsItReads) {
+  WgglInputs v = Example();
+  v.cos_phi1 = 0.6, v.cos_phi2 = 0.9, v.alpha = 0.7, v.p_js = 105;
+  EXPECT_DOUBLE_EQ(Calculate(v).qc, 62.48);
+  const std::string text = Derivation(v);
+  EXPECT_EQ(text.substr(text.find("\n")), "\n\t计算补偿容量 Qc=αqc Pjs=0.70*0.85*105.00=62.47kVar") << text;
 }
 
 }  // namespace
