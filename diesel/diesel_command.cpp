@@ -4,9 +4,9 @@
 
 namespace kestra::diesel {
 
-void RunDieselCommand() {
+void RunDieselCommand(const shell::ModuleContext& module) {
   // Constructed, run and destroyed within the command; nothing of it is kept.
-  ZoUiCyfdjzrlCalDlg dlg(nullptr);
+  ZoUiCyfdjzrlCalDlg dlg(module);
   dlg.DoModal();
 }
 

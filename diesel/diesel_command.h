@@ -1,9 +1,13 @@
 #pragma once
 // The command "OrvelDieselContentCal": runs the generator-capacity dialog. The shell calls
-// it with the module's resources current (its resource guard around the call).
+// it with the module's resources current.
+
+namespace kestra::shell {
+class ModuleContext;
+}
 
 namespace kestra::diesel {
 
-void RunDieselCommand();
+void RunDieselCommand(const shell::ModuleContext& module);
 
 }  // namespace kestra::diesel

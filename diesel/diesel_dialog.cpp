@@ -3,19 +3,21 @@
 #include "diesel/diesel_ids.h"
 #include "diesel/diesel_report.h"
 #include "services/report/report_blocks_writer.h"
+#include "shell/module_context.h"
+#include "ui/ui_host.h"
 
-using namespace kestra::diesel;
+namespace kestra::diesel {
 
-ZoUiCyfdjzrlCalDlg::ZoUiCyfdjzrlCalDlg(ui::Dialog* parent)
-    : ZoUiDialog(kIddMain, parent), m_wdfhDlg(this), m_jffhDlg(this), m_mxyxyjDlg(this) {
-  On(kIdcTab, ui::Notify::SelChange, [this] { OnSelchangeTab(); });
-  On(kIdcCalculate, ui::Notify::Clicked, [this] { OnCalculate(); });
-  On(kIdcReport, ui::Notify::Clicked, [this] { OnReport(); });
+ZoUiCyfdjzrlCalDlg::ZoUiCyfdjzrlCalDlg(const shell::ModuleContext& module)
+    : ZoUiDialog(ids::kMainDialog), module_(module), m_wdfhDlg(this), m_jffhDlg(this), m_mxyxyjDlg(this) {
+  On(ids::kTab, ui::Notify::SelChange, [this] { OnSelchangeTab(); });
+  On(ids::kCalculate, ui::Notify::Clicked, [this] { OnCalculate(); });
+  On(ids::kReport, ui::Notify::Clicked, [this] { OnReport(); });
 }
 
 bool ZoUiCyfdjzrlCalDlg::OnInitDialog() {
   ZoUiDialog::OnInitDialog();
-  m_tabCtrl = GetDlgItem(kIdcTab);
+  m_tabCtrl = GetDlgItem(ids::kTab);
   if (m_tabCtrl) {
     m_tabCtrl->ResetContent();
     m_tabCtrl->AddString("按稳定负荷计算");
@@ -38,7 +40,7 @@ bool ZoUiCyfdjzrlCalDlg::OnInitDialog() {
   m_nCurPage = 0;
   for (int i = 0; i < 3; ++i) Page(i).ShowWindow(i == 0);
   if (m_tabCtrl) m_tabCtrl->SetCurSel(0);
-  if (ui::Control* report = GetDlgItem(kIdcReport)) report->EnableWindow(false);
+  if (ui::Control* report = GetDlgItem(ids::kReport)) report->EnableWindow(false);
   return true;
 }
 
@@ -63,21 +65,25 @@ void ZoUiCyfdjzrlCalDlg::OnCalculate() {
     case 2: m_mxyxyjDlg.DoCalculate(); break;
     default: break;
   }
-  if (ui::Control* report = GetDlgItem(kIdcReport)) report->EnableWindow(true);
+  if (ui::Control* report = GetDlgItem(ids::kReport)) report->EnableWindow(true);
 }
 
-kestra::report::Blocks ZoUiCyfdjzrlCalDlg::ReportBlocks(const std::string& date) const {
-  return BuildDieselReport(m_wdfhDlg.Calculator(), m_jffhDlg.Calculator(), m_mxyxyjDlg.Calculator(), date);
+DieselInputs ZoUiCyfdjzrlCalDlg::Inputs() const {
+  return {m_wdfhDlg.Inputs(), m_jffhDlg.Inputs(), m_mxyxyjDlg.Inputs()};
 }
 
 void ZoUiCyfdjzrlCalDlg::OnReport() {
-  ui::UiHost* host = ui::CurrentHost();
+  ui::UiHost* host = module_.ui();
   if (!host) return;
-  kestra::report::ReportRunOptions options;
+  report::ReportRunOptions options;
   options.title = kReportTitle;
-  options.open_failure_message = kestra::report::kDieselOpenFailureMessage;
-  options.header_failure_message = kestra::report::kDieselHeaderErrorMessage;
+  options.open_failure_message = report::kDieselOpenFailureMessage;
+  options.header_failure_message = report::kDieselHeaderErrorMessage;
   // No calculation here, and no wait cursor: the report shows what each page last calculated.
-  kestra::report::WriteReport(
-      *host, [this](const std::string& message) { MessageBox(message); }, ReportBlocks(TodayText()), options);
+  const DieselInputs inputs = Inputs();
+  report::WriteReport(
+      *host, [this](const std::string& message) { MessageBox(message); },
+      BuildDieselReport(inputs, Calculate(inputs), TodayText()), options);
 }
+
+}  // namespace kestra::diesel

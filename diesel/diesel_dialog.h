@@ -9,13 +9,19 @@
 #include "diesel/zo_ui_dialog.h"
 #include "services/report/report_blocks.h"
 
+namespace kestra::shell {
+class ModuleContext;
+}
+
+namespace kestra::diesel {
+
 class ZoUiCyfdjzrlCalDlg : public ZoUiDialog {
  public:
-  explicit ZoUiCyfdjzrlCalDlg(ui::Dialog* parent = nullptr);
+  explicit ZoUiCyfdjzrlCalDlg(const shell::ModuleContext& module);
   bool OnInitDialog() override;
 
-  // The report as it stands: each calculator with its page's last calculation.
-  kestra::report::Blocks ReportBlocks(const std::string& date) const;
+  // What the report states: each page's last calculation.
+  DieselInputs Inputs() const;
 
   const ZoUiWdfhCalDlg& SteadyLoadPage() const { return m_wdfhDlg; }
   const ZoUiJffhCalDlg& PeakLoadPage() const { return m_jffhDlg; }
@@ -28,9 +34,12 @@ class ZoUiCyfdjzrlCalDlg : public ZoUiDialog {
   void OnReport();
   ui::Dialog& Page(int index);
 
+  const shell::ModuleContext& module_;
   ZoUiWdfhCalDlg m_wdfhDlg;
   ZoUiJffhCalDlg m_jffhDlg;
   ZoUiMxyxyjCalDlg m_mxyxyjDlg;
-  ui::Control* m_tabCtrl = nullptr;  // 215, found when the dialog is built
+  ui::Control* m_tabCtrl = nullptr;  // found when the dialog is built
   std::int32_t m_nCurPage = 0;
 };
+
+}  // namespace kestra::diesel

@@ -1,30 +1,35 @@
 #pragma once
-// Template and control ids of the generator-capacity dialog (res/diesel.rc).
+// Template and control ids of the generator-capacity dialog and its pages (res/diesel.rc).
+// The pages reuse the same numbers for different quantities, so each page has its own names.
 
 namespace kestra::diesel {
 
-enum : int {
-  kIddMain = 200,   // ZoUiCyfdjzrlCalDlg
-  kIddWdfh = 201,   // steady-load page
-  kIddJffh = 202,   // peak-load page
-  kIddMxyxyj = 203, // bus-voltage-drop page
+namespace ids {
+inline constexpr int kMainDialog = 200;  // ZoUiCyfdjzrlCalDlg
+inline constexpr int kSteadyLoadPage = 201;
+inline constexpr int kPeakLoadPage = 202;
+inline constexpr int kBusDropPage = 203;
 
-  kIdcReport = 213,     // "计算书"
-  kIdcCalculate = 214,  // "计算"
-  kIdcTab = 215,
+inline constexpr int kReport = 213;     // "计算书"
+inline constexpr int kCalculate = 214;  // "计算"
+inline constexpr int kTab = 215;
+}  // namespace ids
 
-  // Page edits; what each holds differs per page (see the pages).
-  kIdcEdit216 = 216,
-  kIdcEdit217 = 217,
-  kIdcEdit218 = 218,
-  kIdcEdit219 = 219,
-  kIdcEdit220 = 220,
-  kIdcEdit221 = 221,
+// Steady-load page: inputs, the result, and the subscript labels in the small font (the first
+// one is the model of that font).
+namespace steady_ids {
+inline constexpr int kPSum = 216, kEtaSum = 217, kCosPhi = 218, kSg1 = 219;
+inline constexpr int kSubscripts[] = {225 /* P∑ */, 229 /* η∑ */, 231 /* SG1 */};
+}  // namespace steady_ids
 
-  // Subscript labels that take the small subscript font.
-  kIdcSubscript225 = 225,
-  kIdcSubscript229 = 229,
-  kIdcSubscript231 = 231,
-};
+namespace peak_ids {
+inline constexpr int kKj = 216, kKg = 217, kSm = 218, kPm = 219, kQm = 220, kSg2 = 221;
+inline constexpr int kSubscripts[] = {225 /* KG */, 229 /* SG2 */};
+}  // namespace peak_ids
+
+namespace bus_drop_ids {
+inline constexpr int kSg3 = 216, kDeltaU = 217, kXd = 218, kSst = 219;
+inline constexpr int kSubscripts[] = {225 /* X'd */, 229 /* Sst△ */, 231 /* SG3 */};
+}  // namespace bus_drop_ids
 
 }  // namespace kestra::diesel

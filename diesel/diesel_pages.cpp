@@ -1,24 +1,24 @@
 #include "diesel/diesel_pages.h"
 
-#include <cmath>
 #include <initializer_list>
+#include <span>
 #include <utility>
 
 #include "diesel/diesel_ids.h"
+#include "services/text/format.h"
 #include "services/text/number_text.h"
 
-using namespace kestra::diesel;
-
+namespace kestra::diesel {
 namespace {
 
 // White pages on the tab control, so the labels stand on the same white as the group boxes.
 constexpr unsigned kWhite = 0xFFFFFF;
 
-// The subscript labels' font: the font of label 225 a little smaller (its logical height
-// raised by 2, i.e. towards zero), with the Chinese character set and the pitch-and-family
-// byte the labels were drawn with.
-ui::Font SubscriptFont(const ui::Dialog& page) {
-  const ui::Control* model = page.GetDlgItem(kIdcSubscript225);
+// The subscript labels' font: the font of the page's first subscript label a little smaller
+// (its logical height raised by 2, i.e. towards zero), with the Chinese character set and the
+// pitch-and-family byte the labels were drawn with.
+ui::Font SubscriptFont(const ui::Dialog& page, int model_id) {
+  const ui::Control* model = page.GetDlgItem(model_id);
   ui::Font f = model && model->font() ? *model->font() : page.GetFont();
   f.height += 2;
   f.charset = 136;
@@ -27,85 +27,82 @@ ui::Font SubscriptFont(const ui::Dialog& page) {
 }
 
 // What every page does after the base initialisation: its initial texts, its white
-// background and the subscript font on the subscript labels it has.
-void PreparePage(ui::Dialog& page, std::initializer_list<std::pair<int, const char*>> initial_texts) {
+// background and the subscript font on its subscript labels.
+void PreparePage(ui::Dialog& page, std::initializer_list<std::pair<int, const char*>> initial_texts,
+                 std::span<const int> subscripts) {
   for (const auto& [id, text] : initial_texts) page.SetDlgItemText(id, text);
   page.SetBackground(kWhite);
-  const ui::Font sub = SubscriptFont(page);
-  for (int id : {kIdcSubscript225, kIdcSubscript229, kIdcSubscript231})
+  const ui::Font sub = SubscriptFont(page, subscripts.front());
+  for (int id : subscripts)
     if (ui::Control* c = page.GetDlgItem(id)) c->SetFont(sub);
 }
 
-double ReadNumber(const ui::Dialog& page, int id) { return kestra::text::WToF(page.GetDlgItemText(id)); }
+double ReadNumber(const ui::Dialog& page, int id) { return text::WToF(page.GetDlgItemText(id)); }
+
+void ShowCapacity(ui::Dialog& page, int id, double kva) { page.SetDlgItemText(id, text::Format("%.3f", kva)); }
 
 }  // namespace
 
 // Steady load.
 
-ZoUiWdfhCalDlg::ZoUiWdfhCalDlg(ui::Dialog* parent) : ZoUiDialog(kIddWdfh, parent) {}
+ZoUiWdfhCalDlg::ZoUiWdfhCalDlg(ui::Dialog* parent) : ZoUiDialog(ids::kSteadyLoadPage, parent) {}
 
 bool ZoUiWdfhCalDlg::OnInitDialog() {
+  using namespace steady_ids;
   ZoUiDialog::OnInitDialog();
-  PreparePage(*this, {{kIdcEdit216, ""}, {kIdcEdit217, "0.85"}, {kIdcEdit218, "0.8"}});
+  PreparePage(*this, {{kPSum, ""}, {kEtaSum, "0.85"}, {kCosPhi, "0.8"}}, kSubscripts);
   return true;
 }
 
 void ZoUiWdfhCalDlg::DoCalculate() {
-  const double p_sum = ReadNumber(*this, kIdcEdit216);
-  const double eta_sum = ReadNumber(*this, kIdcEdit217);
-  const double cos_phi = ReadNumber(*this, kIdcEdit218);
-  m_cal.SetParams(p_sum, eta_sum, cos_phi);
-  SetDlgItemText(kIdcEdit219, kestra::text::Format3f(m_cal.Calculate()));
+  using namespace steady_ids;
+  inputs_ = {ReadNumber(*this, kPSum), ReadNumber(*this, kEtaSum), ReadNumber(*this, kCosPhi)};
+  ShowCapacity(*this, kSg1, SteadyLoadCapacity(inputs_));
 }
 
 // Peak load.
 
-ZoUiJffhCalDlg::ZoUiJffhCalDlg(ui::Dialog* parent) : ZoUiDialog(kIddJffh, parent) {}
+ZoUiJffhCalDlg::ZoUiJffhCalDlg(ui::Dialog* parent) : ZoUiDialog(ids::kPeakLoadPage, parent) {}
 
 bool ZoUiJffhCalDlg::OnInitDialog() {
+  using namespace peak_ids;
   ZoUiDialog::OnInitDialog();
-  PreparePage(*this, {{kIdcEdit216, "0.9"}, {kIdcEdit217, "1.5"}, {kIdcEdit218, ""}, {kIdcEdit219, ""},
-                      {kIdcEdit220, ""}});
+  PreparePage(*this, {{kKj, "0.9"}, {kKg, "1.5"}, {kSm, ""}, {kPm, ""}, {kQm, ""}}, kSubscripts);
   return true;
 }
 
 void ZoUiJffhCalDlg::DoCalculate() {
-  const std::string sm_text = GetDlgItemText(kIdcEdit218);
-  const std::string pm_text = GetDlgItemText(kIdcEdit219);
-  const std::string qm_text = GetDlgItemText(kIdcEdit220);
-  const double kj = ReadNumber(*this, kIdcEdit216);
-  const double kg = ReadNumber(*this, kIdcEdit217);
-  const double sm = kestra::text::WToF(sm_text);
-  const double pm = kestra::text::WToF(pm_text);
-  const double qm = kestra::text::WToF(qm_text);
-  m_cal.SetParams(kj, kg, sm, pm, qm);
-
-  double sg2 = 0.0;
+  using namespace peak_ids;
+  const std::string sm_text = GetDlgItemText(kSm);
+  const std::string pm_text = GetDlgItemText(kPm);
+  const std::string qm_text = GetDlgItemText(kQm);
+  inputs_ = {ReadNumber(*this, kKj), ReadNumber(*this, kKg), text::WToF(sm_text), text::WToF(pm_text),
+             text::WToF(qm_text)};
   // Only a truly empty Sm means "not given": a text of blanks counts as given (and is 0).
   if (!sm_text.empty()) {
-    sg2 = m_cal.Calculate();
-  } else {
-    sg2 = m_cal.CalculateFromPQ();
-    if (!(pm_text.empty() && qm_text.empty()))
-      SetDlgItemText(kIdcEdit218, kestra::text::Format2f(std::sqrt(pm * pm + qm * qm)));
+    ShowCapacity(*this, kSg2, PeakLoadCapacity(inputs_));
+    return;
   }
-  SetDlgItemText(kIdcEdit221, kestra::text::Format3f(sg2));
+  if (!(pm_text.empty() && qm_text.empty()))
+    SetDlgItemText(kSm, text::Format("%.2f", StartingCapacityFromPQ(inputs_)));
+  ShowCapacity(*this, kSg2, PeakLoadCapacityFromPQ(inputs_));
 }
 
 // Permitted bus voltage drop.
 
-ZoUiMxyxyjCalDlg::ZoUiMxyxyjCalDlg(ui::Dialog* parent) : ZoUiDialog(kIddMxyxyj, parent) {}
+ZoUiMxyxyjCalDlg::ZoUiMxyxyjCalDlg(ui::Dialog* parent) : ZoUiDialog(ids::kBusDropPage, parent) {}
 
 bool ZoUiMxyxyjCalDlg::OnInitDialog() {
+  using namespace bus_drop_ids;
   ZoUiDialog::OnInitDialog();
-  PreparePage(*this, {{kIdcEdit217, "0.2"}, {kIdcEdit218, "0.2"}, {kIdcEdit219, ""}});
+  PreparePage(*this, {{kDeltaU, "0.2"}, {kXd, "0.2"}, {kSst, ""}}, kSubscripts);
   return true;
 }
 
 void ZoUiMxyxyjCalDlg::DoCalculate() {
-  const double delta_u = ReadNumber(*this, kIdcEdit217);
-  const double xd = ReadNumber(*this, kIdcEdit218);
-  const double sst = ReadNumber(*this, kIdcEdit219);
-  m_cal.SetParams(delta_u, xd, sst);
-  SetDlgItemText(kIdcEdit216, kestra::text::Format3f(m_cal.Calculate()));
+  using namespace bus_drop_ids;
+  inputs_ = {ReadNumber(*this, kDeltaU), ReadNumber(*this, kXd), ReadNumber(*this, kSst)};
+  ShowCapacity(*this, kSg3, BusDropCapacity(inputs_));
 }
+
+}  // namespace kestra::diesel

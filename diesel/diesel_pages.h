@@ -1,46 +1,50 @@
 #pragma once
-// The three tab pages of the generator-capacity dialog, one per method. Each holds its
-// calculator by value; "计算" of the main dialog runs the shown page's DoCalculate, which
-// reads the edits (_wtof: a text without a number is 0, nothing is checked), sets the
-// calculator and shows the capacity with "%.3f".
-#include "diesel/diesel_calculators.h"
+// The three tab pages of the generator-capacity dialog, one per method. "计算" of the main
+// dialog runs the shown page's DoCalculate: it reads the edits (_wtof: a text without a number
+// is 0, nothing is checked), keeps them as the page's inputs, and shows the capacity ("%.3f").
+#include "diesel/diesel_formulas.h"
 #include "diesel/zo_ui_dialog.h"
 
-// Steady load (template 201): 216 P∑, 217 η∑, 218 cosφ, 219 SG1 (read-only).
+namespace kestra::diesel {
+
+// Steady load (template 201).
 class ZoUiWdfhCalDlg : public ZoUiDialog {
  public:
   explicit ZoUiWdfhCalDlg(ui::Dialog* parent = nullptr);
   bool OnInitDialog() override;
   void DoCalculate();
-  const ZoUiWDFHCal& Calculator() const { return m_cal; }
+  // The values of the last calculation (all 0 before it).
+  const SteadyLoadInputs& Inputs() const { return inputs_; }
 
  private:
-  ZoUiWDFHCal m_cal;
+  SteadyLoadInputs inputs_;
 };
 
-// Peak load (template 202): 216 Kj, 217 KG, 218 Sm, 219 Pm, 220 Qm, 221 SG2 (read-only).
+// Peak load (template 202).
 class ZoUiJffhCalDlg : public ZoUiDialog {
  public:
   explicit ZoUiJffhCalDlg(ui::Dialog* parent = nullptr);
   bool OnInitDialog() override;
   // With Sm left empty the capacity comes from Pm and Qm, and their √(Pm²+Qm²) is written
-  // into the Sm edit ("%.2f") unless both are empty; the calculator keeps Sm = 0 until the
-  // next calculation reads the written value.
+  // into the Sm edit ("%.2f") unless both are empty; the inputs keep Sm = 0 until the next
+  // calculation reads the written value.
   void DoCalculate();
-  const ZoUiJFFHCal& Calculator() const { return m_cal; }
+  const PeakLoadInputs& Inputs() const { return inputs_; }
 
  private:
-  ZoUiJFFHCal m_cal;
+  PeakLoadInputs inputs_;
 };
 
-// Permitted bus voltage drop (template 203): 217 △U, 218 X'd, 219 Sst△, 216 SG3 (read-only).
+// Permitted bus voltage drop (template 203).
 class ZoUiMxyxyjCalDlg : public ZoUiDialog {
  public:
   explicit ZoUiMxyxyjCalDlg(ui::Dialog* parent = nullptr);
   bool OnInitDialog() override;
   void DoCalculate();
-  const ZoUiMXYXYJCal& Calculator() const { return m_cal; }
+  const BusDropInputs& Inputs() const { return inputs_; }
 
  private:
-  ZoUiMXYXYJCal m_cal;
+  BusDropInputs inputs_;
 };
+
+}  // namespace kestra::diesel

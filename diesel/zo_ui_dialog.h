@@ -5,7 +5,11 @@
 // background with SetBackground, every other control keeps the host's colours.
 #include "ui/dialog.h"
 
+namespace kestra::diesel {
+
 class ZoUiDialog : public ui::CAcUiDialog {
  public:
   explicit ZoUiDialog(int template_id, ui::Dialog* parent = nullptr) : ui::CAcUiDialog(template_id, parent) {}
 };
+
+}  // namespace kestra::diesel

@@ -11,11 +11,9 @@
 #include "host/script/script_runner.h"
 #include "ui/headless_host.h"
 
-#if defined(KESTRA_HAVE_QT) && defined(KESTRA_QT_WINDOW_MODE)
-#include "host/qt/window_mode.h"
-#endif
-#if defined(KESTRA_HAVE_CATALOG)
 #include "services/tabledb/catalog.h"
+#if defined(KESTRA_HAVE_QT)
+#include "host/qt/window_mode.h"
 #endif
 
 namespace {
@@ -74,12 +72,7 @@ int RunScript(const std::string& module_path, const std::string& script, const s
 
 int main(int argc, char** argv) {
   if (argc >= 2 && std::strcmp(argv[1], "catalog") == 0) {
-#if defined(KESTRA_HAVE_CATALOG)
     return kestra::catalog::RunCatalogCommand(std::vector<std::string>(argv + 2, argv + argc), std::cout, std::cerr);
-#else
-    std::cerr << "kestra: the catalogue tools are not built into this kestra\n";
-    return 1;
-#endif
   }
 
   std::string module_path = kestra::host::DefaultModulePath();
@@ -126,7 +119,7 @@ int main(int argc, char** argv) {
     std::cerr << "kestra: --report-dir goes with --script\n";
     return 1;
   }
-#if defined(KESTRA_HAVE_QT) && defined(KESTRA_QT_WINDOW_MODE)
+#if defined(KESTRA_HAVE_QT)
   return kestra::qt::RunWindowMode(argc, argv, module_path, command);
 #else
   std::cerr << "kestra: window mode is not built into this kestra (it needs the Qt window renderer at build time).\n"

@@ -5,7 +5,7 @@ top=$(cd "$(dirname "$0")/.." && pwd)
 "$top/scripts/install-deps.sh"
 export KESTRA_BUILD_DIR=${KESTRA_BUILD_DIR:-$top/build-test}
 export KESTRA_BUILD_TYPE=Debug
-"$top/scripts/build.sh" -DKESTRA_SANITIZE=ON
+"$top/scripts/build.sh" -DKESTRA_SANITIZE=ON -DKESTRA_WERROR=ON
 export ASAN_OPTIONS=detect_leaks=1:abort_on_error=1
 export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
 export QT_QPA_PLATFORM=offscreen

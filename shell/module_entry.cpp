@@ -1,9 +1,13 @@
 // The module's entry points: what the host calls when it loads and unloads the module.
+#include "shell/module_entry.h"
+
 #include <dlfcn.h>
 
-#include "shell/extension_module.h"
+#include <memory>
+
 #include "shell/host_api.h"
 #include "shell/module_commands.h"
+#include "shell/module_context.h"
 #include "shell/module_state.h"
 
 namespace kestra::shell {
@@ -21,36 +25,40 @@ __attribute__((constructor)) void RecordModuleInstance() {
   RecordInstance(std::move(inst));
 }
 
-void InitApplication(void* pkt) {
+}  // namespace
+
+void InitApplication(void* pkt, const ui::ResourceSet* resources) {
   HostApi* api = pkt ? static_cast<AppPackage*>(pkt)->api : nullptr;
-  SetHost(api);
-  // (1) The framework's extension record; its failure stops nothing else.
-  if (const ModuleInstance* inst = RecordedInstance()) TheExtensionModule().Init(*inst);
+  // (1) What every command will reach the host, the data and the resources through.
+  auto module = std::make_unique<ModuleContext>(api, nullptr, ModulePath(), resources);
+  ModuleContext& m = *module;
+  SetLoadedModule(std::move(module));
   if (!api) return;
   // (2) The host may unload the module; (3) the dynamic linker learns its document mode.
   api->UnlockApplication(pkt);
   api->RegisterDocumentMode(pkt, true);
   // (4) The command group; (5) the main window, the parent of the reactive compensation dialog.
-  ZoDefineCommand(ModuleName(), CommandTable(), kCommandCount, 0);
-  SetHostMainWindow(api->MainWindow());
+  ZoDefineCommand(m.ModuleName(), CommandTable(), kCommandCount, 0);
+  m.set_main_window(api->MainWindow());
 }
 
 void UnloadApplication() {
-  if (HostApi* api = Host()) api->RemoveGroup(ModuleName());
-  TheExtensionModule().Term();
-  SetHost(nullptr);
+  if (const ModuleContext* m = LoadedModule())
+    if (HostApi* api = m->host()) api->RemoveGroup(m->ModuleName());
+  SetLoadedModule(nullptr);
 }
 
-}  // namespace
 }  // namespace kestra::shell
 
 extern "C" {
 
 __attribute__((visibility("default"))) int acrxEntryPoint(int msg, void* pkt) {
   switch (msg) {
-    case kestra::shell::kInitAppMsg:
-      kestra::shell::InitApplication(pkt);
+    case kestra::shell::kInitAppMsg: {
+      const kestra::shell::ModuleInstance* inst = kestra::shell::RecordedInstance();
+      kestra::shell::InitApplication(pkt, inst ? kestra::shell::ResourcesOf(*inst) : nullptr);
       break;
+    }
     case kestra::shell::kUnloadAppMsg:
       kestra::shell::UnloadApplication();
       break;

@@ -60,7 +60,7 @@ void DataExchange::Real(int id, double& value) {
   Control* c = dlg_.GetDlgItem(id);
   if (!c) return;
   if (!save_) {
-    c->SetWindowText(kestra::text::Format("%.15g", value));
+    c->SetWindowText(kestra::text::FormatDouble("%.15g", value));
     return;
   }
   double d = 0;

@@ -1,14 +1,11 @@
 #include "wggl/wggl_command.h"
 
-#include "shell/module_state.h"
 #include "wggl/wggl_dialog.h"
 
 namespace kestra::wggl {
 
-void RunWgglCommand() {
-  shell::ModuleResourceScope resources;
-  void* main_window = shell::Host() ? shell::Host()->MainWindow() : nullptr;
-  CWgglbcDlg dlg(main_window);
+void RunWgglCommand(const shell::ModuleContext& module) {
+  CWgglbcDlg dlg(module);
   dlg.DoModal();
 }
 

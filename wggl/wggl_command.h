@@ -1,9 +1,13 @@
 #pragma once
 // The command "WGGL": the reactive power compensation calculator.
+
+namespace kestra::shell {
+class ModuleContext;
+}
+
 namespace kestra::wggl {
 
-// Makes the module's resources current, runs CWgglbcDlg modally over the host's main window
-// (no parent without a host), destroys it and restores the previous resources.
-void RunWgglCommand();
+// Runs CWgglbcDlg modally and destroys it. The shell calls it with the module's resources current.
+void RunWgglCommand(const shell::ModuleContext& module);
 
 }  // namespace kestra::wggl

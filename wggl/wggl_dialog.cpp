@@ -1,23 +1,24 @@
 #include "wggl/wggl_dialog.h"
 
-#include <cmath>
-
 #include "services/report/report_blocks_writer.h"
 #include "services/text/number_text.h"
-#include "shell/module_state.h"
+#include "shell/module_context.h"
 #include "ui/data_exchange.h"
-#include "wggl/wggl_formulas.h"
 #include "wggl/wggl_ids.h"
 #include "wggl/wggl_messages.h"
+#include "wggl/wggl_params.h"
+#include "wggl/wggl_report.h"
 #include "wggl/wggl_subdialogs.h"
 
-using namespace kestra::wggl;
-using kestra::text::FormatG;
-using kestra::text::WcsToD;
-
+namespace kestra::wggl {
 namespace {
 
-std::string ParamPath() { return kestra::shell::DataFile(kWgglParamFile); }
+using text::FormatG;
+using text::WcsToD;
+
+SystemKind SystemOf(int radio) {
+  return radio == 0 ? SystemKind::Designing : radio == 1 ? SystemKind::InUse : SystemKind::None;
+}
 
 // The controls that belong to the capacitor count, enabled with the check box.
 constexpr int kCountControls[] = {IDC_DRRL_LABEL, IDC_DRRL,         IDC_DRRL_UNIT,  IDC_DRSL_LABEL,
@@ -25,7 +26,7 @@ constexpr int kCountControls[] = {IDC_DRRL_LABEL, IDC_DRRL,         IDC_DRRL_UNI
 
 }  // namespace
 
-CWgglbcDlg::CWgglbcDlg(void* parent_window) : CAcUiDialog(IDD_WGGLBC), parent_window_(parent_window) {
+CWgglbcDlg::CWgglbcDlg(const shell::ModuleContext& module) : CAcUiDialog(IDD_WGGLBC), module_(module) {
   On(IDC_CALC, ui::Notify::Clicked, [this] { OnCalc(); });
   On(IDC_REPORT, ui::Notify::Clicked, [this] { OnReport(); });
   On(IDC_EXPLAIN, ui::Notify::Clicked, [this] { OnExplain(); });
@@ -40,15 +41,15 @@ CWgglbcDlg::CWgglbcDlg(void* parent_window) : CAcUiDialog(IDD_WGGLBC), parent_wi
 
 bool CWgglbcDlg::OnInitDialog() {
   CAcUiDialog::OnInitDialog();
-  const WgglParamTexts stored = ReadWgglParams(ParamPath());
-  m_num = NumbersOf(stored);
+  const WgglParamTexts stored = ReadWgglParams(module_.DataFile(kWgglParamFile));
+  m_num = InputsOf(stored);
   m_strZrglys = stored.zrglys;
   m_strBchglys = stored.bchglys;
   m_strFhxs = stored.fhxs;
   m_strYgjsfh = stored.ygjsfh;
   m_strDrrl = stored.drrl;
-  m_nRadio = m_num.system;
-  m_nCheck = m_num.count_box;
+  m_nRadio = static_cast<int>(m_num.system);
+  m_nCheck = m_num.count_capacitors ? 1 : 0;
   UpdateData(false);
   EnableCountControls();
   return true;
@@ -70,85 +71,62 @@ void CWgglbcDlg::DoDataExchange(ui::DataExchange& dx) {
 void CWgglbcDlg::OnCalc() {
   m_bCalculated = false;
   UpdateData(true);
-  m_num.cos_phi1 = Round2(WcsToD(m_strZrglys));
-  m_num.cos_phi2 = Round2(WcsToD(m_strBchglys));
-  m_num.alpha = Round2(WcsToD(m_strFhxs));
-  m_num.p_js = Round2(WcsToD(m_strYgjsfh));
+  WgglInputs in = m_num;
+  in.cos_phi1 = WcsToD(m_strZrglys);
+  in.cos_phi2 = WcsToD(m_strBchglys);
+  in.alpha = WcsToD(m_strFhxs);
+  in.p_js = WcsToD(m_strYgjsfh);
+  in.system = SystemOf(m_nRadio);
+  in.count_capacitors = m_nCheck != 0;
+  if (in.count_capacitors) in.rating = WcsToD(m_strDrrl);
+  const WgglResults r = Calculate(in);
+  m_num.cos_phi1 = r.used.cos_phi1;
+  m_num.cos_phi2 = r.used.cos_phi2;
+  m_num.alpha = r.used.alpha;
+  m_num.p_js = r.used.p_js;
 
-  // A power factor of 0 or beyond ±1 has no finite tangent, so no Qc can be given for it;
-  // the designer is told which value to correct and nothing is computed.
-  if (!IsUsablePowerFactor(m_num.cos_phi1)) {
-    MessageBox(kMsgBadNaturalFactor, kWarningCaption, ui::MB_OK);
+  // The designer is told which value to correct, and nothing is computed.
+  if (r.refusal != Refusal::None) {
+    MessageBox(r.refusal == Refusal::NaturalFactor ? kMsgBadNaturalFactor : kMsgBadTargetFactor, kWarningCaption,
+               ui::MB_OK);
     return;
   }
-  if (!IsUsablePowerFactor(m_num.cos_phi2)) {
-    MessageBox(kMsgBadTargetFactor, kWarningCaption, ui::MB_OK);
-    return;
-  }
-  const CompensationRate rate = *RateOf(m_num.cos_phi1, m_num.cos_phi2);
-
-  double qc = SignedCapacity(m_num.alpha, m_num.p_js, rate.qc);
-  if (qc < 0) {
-    MessageBox(kMsgNegativeCapacity, kWarningCaption, ui::MB_OK);
-    qc = -qc;
-  }
-  m_dQc = Round2(qc);
-  m_strQc = FormatG(m_dQc);
+  if (r.negative) MessageBox(kMsgNegativeCapacity, kWarningCaption, ui::MB_OK);
+  m_strQc = FormatG(r.qc);
   UpdateData(false);
   RedrawWindow();
 
-  if (m_nCheck) {
-    m_num.rating = WcsToD(m_strDrrl);
-    if (m_num.rating <= 0) {
+  if (in.count_capacitors) {
+    m_num.rating = r.used.rating;
+    if (r.rating_missing) {
       MessageBox(kMsgNoRating, kWarningCaption, ui::MB_OK);
     } else {
-      // The count works from Qc as shown, not from the unrounded product.
-      const double shown_qc = WcsToD(m_strQc);
-      const double n = CapacitorCount(shown_qc, m_num.rating);
-      m_count = n;
-      m_actual = n * m_num.rating;
-      m_strDrsl = FormatG(n);
-      m_strSjbcrl = FormatG(*m_actual);
+      m_bank = r.bank;
+      m_strDrsl = FormatG(r.bank->count);
+      m_strSjbcrl = FormatG(r.bank->capacity);
       UpdateData(false);
       RedrawWindow();
     }
   }
+  m_results = r;
   m_bCalculated = true;
-}
-
-WgglReportValues CWgglbcDlg::ReportValues() const {
-  WgglReportValues v;
-  v.cos_phi1 = m_num.cos_phi1;
-  v.cos_phi2 = m_num.cos_phi2;
-  v.alpha = m_num.alpha;
-  v.p_js = m_num.p_js;
-  v.system = m_nRadio == 0 ? SystemKind::Designing : m_nRadio == 1 ? SystemKind::InUse : SystemKind::None;
-  v.alpha_p = m_num.alpha_p;
-  v.beta_q = m_num.beta_q;
-  v.q_js = m_num.q_js;
-  v.w_m = m_num.w_m;
-  v.w_rm = m_num.w_rm;
-  v.rating = m_num.rating;
-  v.count = m_count;
-  v.actual_capacity = m_actual;
-  return v;
 }
 
 void CWgglbcDlg::OnReport() {
   OnCalc();
   if (!m_bCalculated) return;
-  const kestra::report::Blocks blocks = BuildWgglReport(ReportValues());
-  ui::UiHost* host = ui::CurrentHost();
+  const report::Blocks blocks = BuildWgglReport(m_results, m_bank);
+  ui::UiHost* host = module_.ui();
   if (!host) return;
-  kestra::report::ReportRunOptions options;
+  report::ReportRunOptions options;
   options.title = kWgglReportTitle;
   ui::WaitCursor wait;
-  kestra::report::WriteReport(*host, [this](const std::string& message) { MessageBox(message); }, blocks, options);
+  report::WriteReport(*host, [this](const std::string& message) { MessageBox(message); }, blocks, options);
 }
 
 void CWgglbcDlg::OnExplain() {
-  kestra::shell::ModuleResourceScope resources;
-  CWGGSMDLD dlg(this);
+  shell::ModuleScope scope(module_);
+  CWGGSMDLD dlg(this, module_.DataFile("\\Image\\Wgglbc.RTF"));
   dlg.DoModal();
 }
 
@@ -161,7 +139,7 @@ void CWgglbcDlg::SetEditText(int id, std::string& member, const std::string& tex
 
 void CWgglbcDlg::OnRadioDesign() {
   {
-    kestra::shell::ModuleResourceScope resources;
+    shell::ModuleScope scope(module_);
     CWGGADDDLG sub(m_num.alpha_p, m_num.beta_q, m_num.p_js, m_num.q_js);
     if (sub.DoModal() != ui::IDOK) return;
     m_num.cos_phi1 = Round2(sub.cos_phi1());
@@ -177,7 +155,7 @@ void CWgglbcDlg::OnRadioDesign() {
 
 void CWgglbcDlg::OnRadioInUse() {
   {
-    kestra::shell::ModuleResourceScope resources;
+    shell::ModuleScope scope(module_);
     CWGGSYYN sub(m_num.w_m, m_num.w_rm);
     if (sub.DoModal() != ui::IDOK) return;
     m_num.cos_phi1 = Round2(sub.cos_phi1());
@@ -223,8 +201,10 @@ void CWgglbcDlg::OnSpin(int edit_id, int delta) {
 
 void CWgglbcDlg::OnOK() {
   UpdateData(true);
-  m_num.system = m_nRadio;
-  m_num.count_box = m_nCheck;
-  WriteWgglParams(ParamPath(), m_num);
+  m_num.system = SystemOf(m_nRadio);
+  m_num.count_capacitors = m_nCheck != 0;
+  WriteWgglParams(module_.DataFile(kWgglParamFile), m_num);
   EndDialog(ui::IDOK);
 }
+
+}  // namespace kestra::wggl

@@ -1,16 +1,21 @@
 #pragma once
-// CWgglbcDlg "无功功率补偿": the reactive power compensation calculator.
+// CWgglbcDlg "无功功率补偿": the reactive compensation calculator.
 #include <optional>
 #include <string>
 
 #include "ui/dialog.h"
-#include "wggl/wggl_params.h"
-#include "wggl/wggl_report.h"
+#include "wggl/wggl_formulas.h"
+
+namespace kestra::shell {
+class ModuleContext;
+}
+
+namespace kestra::wggl {
 
 class CWgglbcDlg : public ui::CAcUiDialog {
  public:
-  // parent_window: the host's main window (opaque; the dialog is modal over it).
-  explicit CWgglbcDlg(void* parent_window);
+  // The parameter file and the description page are found under the module's data root.
+  explicit CWgglbcDlg(const shell::ModuleContext& module);
 
   bool OnInitDialog() override;
   void DoDataExchange(ui::DataExchange& dx) override;
@@ -21,9 +26,11 @@ class CWgglbcDlg : public ui::CAcUiDialog {
   void OnCalc();
   bool calculated() const { return m_bCalculated; }
   // The numbers as they stand (what "确定" would store).
-  const kestra::wggl::WgglNumbers& numbers() const { return m_num; }
-  // The report's values: the numbers of the last calculation and the last capacitor count.
-  kestra::wggl::WgglReportValues ReportValues() const;
+  const WgglInputs& numbers() const { return m_num; }
+  // The last calculation and the last capacitor count since the dialog opened: what the
+  // report shows.
+  const WgglResults& last_results() const { return m_results; }
+  const std::optional<CapacitorBank>& last_bank() const { return m_bank; }
 
  private:
   void OnReport();
@@ -35,13 +42,15 @@ class CWgglbcDlg : public ui::CAcUiDialog {
   void EnableCountControls();
   void SetEditText(int id, std::string& member, const std::string& text);
 
-  void* parent_window_;
+  const shell::ModuleContext& module_;
   // Texts of the edits, apart from the numbers beside them.
   std::string m_strZrglys, m_strBchglys, m_strFhxs, m_strYgjsfh, m_strQc, m_strDrrl, m_strDrsl, m_strSjbcrl;
   int m_nRadio = -1;
   int m_nCheck = 0;
-  kestra::wggl::WgglNumbers m_num;
-  double m_dQc = 0;
-  std::optional<double> m_count, m_actual;
+  WgglInputs m_num;
+  WgglResults m_results;
+  std::optional<CapacitorBank> m_bank;
   bool m_bCalculated = false;
 };
+
+}  // namespace kestra::wggl

@@ -3,9 +3,61 @@
 #include <climits>
 #include <cmath>
 
+#include "services/text/format.h"
 #include "services/text/number_text.h"
 
 namespace kestra::wggl {
+namespace {
+
+// The derivation of cosφ1 whose result still matches it: a factor typed by hand over a
+// derived one gets none.
+Derivation MatchingDerivation(const WgglInputs& in) {
+  if (in.system == SystemKind::Designing) {
+    if (std::fabs(in.p_js) > 1e-10 &&
+        std::fabs(NaturalFactorFromLoads(in.alpha_p, in.beta_q, in.p_js, in.q_js) - in.cos_phi1) < 0.01)
+      return Derivation::FromLoads;
+  } else if (std::fabs(in.w_rm) > 1e-10 && std::fabs(NaturalFactorFromEnergy(in.w_m, in.w_rm) - in.cos_phi1) < 0.01) {
+    return Derivation::FromEnergy;
+  }
+  return Derivation::None;
+}
+
+}  // namespace
+
+WgglResults Calculate(const WgglInputs& in) {
+  WgglResults r;
+  r.used = in;
+  r.used.cos_phi1 = Round2(in.cos_phi1);
+  r.used.cos_phi2 = Round2(in.cos_phi2);
+  r.used.alpha = Round2(in.alpha);
+  r.used.p_js = Round2(in.p_js);
+  const WgglInputs& u = r.used;
+
+  // A power factor of 0 or beyond ±1 has no finite tangent, so no Qc can be given for it.
+  const auto rate = RateOf(u.cos_phi1, u.cos_phi2);
+  if (!rate) {
+    r.refusal = IsUsablePowerFactor(u.cos_phi1) ? Refusal::TargetFactor : Refusal::NaturalFactor;
+    return r;
+  }
+  r.rate = *rate;
+  const double qc = SignedCapacity(u.alpha, u.p_js, r.rate.qc);
+  r.negative = qc < 0;
+  r.qc = Round2(r.negative ? -qc : qc);
+  // The report's line reads "αqc Pjs" and multiplies in that order; it keeps the sign.
+  r.report_capacity = (u.alpha * r.rate.qc) * u.p_js;
+  r.derivation = MatchingDerivation(u);
+
+  if (u.count_capacitors) {
+    if (u.rating <= 0) {
+      r.rating_missing = true;
+    } else {
+      // The count works from Qc as shown ("%g"), not from the unrounded product.
+      const double n = CapacitorCount(text::WcsToD(text::Format("%g", r.qc)), u.rating);
+      r.bank = CapacitorBank{n, n * u.rating};
+    }
+  }
+  return r;
+}
 
 double Round2(double x) {
   const double scaled = x * 100 + 0.5;
@@ -32,8 +84,8 @@ std::optional<CompensationRate> RateOf(double cos_phi1, double cos_phi2) {
   const auto t2 = Tangent(cos_phi2);
   if (!t1 || !t2) return std::nullopt;
   CompensationRate r;
-  r.tan1_text = text::Format2f(*t1);
-  r.tan2_text = text::Format2f(*t2);
+  r.tan1_text = text::Format("%.2f", *t1);
+  r.tan2_text = text::Format("%.2f", *t2);
   r.qc = text::WcsToD(r.tan1_text) - text::WcsToD(r.tan2_text);
   return r;
 }

@@ -2,6 +2,7 @@
 
 #include "services/idp/idp_values.h"
 #include "services/idp/inter_dp_data.h"
+#include "services/text/format.h"
 #include "services/text/number_text.h"
 
 namespace kestra::wggl {
@@ -31,8 +32,8 @@ WgglParamTexts ReadWgglParams(const std::string& path) {
   return t;
 }
 
-WgglNumbers NumbersOf(const WgglParamTexts& t) {
-  WgglNumbers n;
+WgglInputs InputsOf(const WgglParamTexts& t) {
+  WgglInputs n;
   n.cos_phi1 = text::WcsToD(t.zrglys);
   n.cos_phi2 = text::WcsToD(t.bchglys);
   n.alpha = text::WcsToD(t.fhxs);
@@ -45,17 +46,17 @@ WgglNumbers NumbersOf(const WgglParamTexts& t) {
   // The rating is shown as stored but counts as its integer part until a calculation reads it.
   n.rating = text::WToI(t.drrl);
   const int system = text::WToI(t.dqxtlx);
-  n.system = system == 0 || system == 1 ? system : -1;
-  n.count_box = text::WToI(t.sfdrsl) != 0 ? 1 : 0;
+  n.system = system == 0 ? SystemKind::Designing : system == 1 ? SystemKind::InUse : SystemKind::None;
+  n.count_capacitors = text::WToI(t.sfdrsl) != 0;
   return n;
 }
 
-void WriteWgglParams(const std::string& path, const WgglNumbers& n) {
+void WriteWgglParams(const std::string& path, const WgglInputs& n) {
   CInterDpData tree;
   tree.ReadDataFromIdpFile(path);
-  auto g = [](double v) { return text::FormatG(v); };
+  auto g = [](double v) { return text::Format("%g", v); };
   idp::SetValue(tree, "Wgglbc\\Zrglys", g(n.cos_phi1));
-  idp::SetValue(tree, "Wgglbc\\Dqxtlx", text::FormatD(n.system));
+  idp::SetValue(tree, "Wgglbc\\Dqxtlx", text::Format("%d", static_cast<int>(n.system)));
   idp::SetValue(tree, "Wgglbc\\Ygfhxs", g(n.alpha_p));
   idp::SetValue(tree, "Wgglbc\\Wgfhxs", g(n.beta_q));
   idp::SetValue(tree, "Wgglbc\\Ygjsfh", g(n.p_js));
@@ -64,7 +65,7 @@ void WriteWgglParams(const std::string& path, const WgglNumbers& n) {
   idp::SetValue(tree, "Wgglbc\\Wgdn", g(n.w_rm));
   idp::SetValue(tree, "Wgglbc\\Bchglys", g(n.cos_phi2));
   idp::SetValue(tree, "Wgglbc\\Fhxs", g(n.alpha));
-  idp::SetValue(tree, "Wgglbc\\Sfdrsl", text::FormatD(n.count_box));
+  idp::SetValue(tree, "Wgglbc\\Sfdrsl", text::Format("%d", n.count_capacitors ? 1 : 0));
   idp::SetValue(tree, "Wgglbc\\Drrl", g(n.rating));
   tree.WriteDataToIdpFile(path);
 }

@@ -3,6 +3,8 @@
 // opens (with each key's default) and the numbers stored on "确定".
 #include <string>
 
+#include "wggl/wggl_formulas.h"
+
 namespace kestra::wggl {
 
 inline constexpr const char* kWgglParamFile = "Kestra\\无功功率补偿计算.idp";
@@ -23,21 +25,12 @@ struct WgglParamTexts {
   std::string wgdn = "0";       // Wgglbc\Wgdn     Wrm
 };
 
-// The numbers the dialog keeps beside its texts, as it stores them.
-struct WgglNumbers {
-  double cos_phi1 = 0, cos_phi2 = 0, alpha = 0, p_js = 0;
-  double alpha_p = 0, beta_q = 0, q_js = 0, w_m = 0, w_rm = 0;
-  double rating = 0;
-  int system = -1;   // radio index, -1 when none is selected
-  int count_box = 0; // check box state
-};
-
 // Reads the file (a missing or unreadable one gives every default).
 WgglParamTexts ReadWgglParams(const std::string& path);
 // The numbers of freshly read texts: reals with wcstod, the rating, radio and box with _wtoi.
-WgglNumbers NumbersOf(const WgglParamTexts& t);
+WgglInputs InputsOf(const WgglParamTexts& t);
 // Read, set every key ("%g" for reals, "%d" for the radio index and the check box), write;
 // keys of the file that the calculator does not own stay as they are.
-void WriteWgglParams(const std::string& path, const WgglNumbers& n);
+void WriteWgglParams(const std::string& path, const WgglInputs& n);
 
 }  // namespace kestra::wggl

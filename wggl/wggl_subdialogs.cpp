@@ -1,16 +1,16 @@
 #include "wggl/wggl_subdialogs.h"
 
 #include "services/text/number_text.h"
-#include "shell/module_state.h"
 #include "ui/data_exchange.h"
 #include "ui/rtf_reader.h"
 #include "wggl/wggl_formulas.h"
 #include "wggl/wggl_ids.h"
 #include "wggl/wggl_messages.h"
 
-using namespace kestra::wggl;
-using kestra::text::FormatG;
-using kestra::text::WcsToD;
+namespace kestra::wggl {
+
+using text::FormatG;
+using text::WcsToD;
 
 CWGGADDDLG::CWGGADDDLG(double alpha_p, double beta_q, double p_js, double q_js)
     : CAcUiDialog(IDD_WGGADD), alpha_p_(alpha_p), beta_q_(beta_q), p_js_(p_js), q_js_(q_js) {
@@ -102,7 +102,8 @@ void CWGGSYYN::OnOK() {
   EndDialog(ui::IDOK);
 }
 
-CWGGSMDLD::CWGGSMDLD(ui::Dialog* parent) : CAcUiDialog(IDD_WGGSMDLD, parent) {}
+CWGGSMDLD::CWGGSMDLD(ui::Dialog* parent, std::string page_path)
+    : CAcUiDialog(IDD_WGGSMDLD, parent), page_path_(std::move(page_path)) {}
 
 bool CWGGSMDLD::OnInitDialog() {
   CAcUiDialog::OnInitDialog();
@@ -115,14 +116,13 @@ bool CWGGSMDLD::OnInitDialog() {
 
 void CWGGSMDLD::ReloadPage() {
   if (!rtf_) return;
-  const std::string path = kestra::shell::DataFile("\\Image\\Wgglbc.RTF");
   std::string error;
-  if (auto doc = ui::ReadRtfFile(path, &error)) {
+  if (auto doc = ui::ReadRtfFile(page_path_, &error)) {
     rtf_->SetRichDocument(std::move(*doc));
   } else {
     // Without its page the dialog still says what is missing instead of staying blank.
     ui::RichRun run;
-    run.text = "说明文件无法打开: " + path + " (" + error + ")";
+    run.text = "说明文件无法打开: " + page_path_ + " (" + error + ")";
     ui::RichDocument note;
     note.paragraphs.emplace_back();
     note.paragraphs.back().runs.push_back(std::move(run));
@@ -130,3 +130,5 @@ void CWGGSMDLD::ReloadPage() {
   }
   RedrawWindow();
 }
+
+}  // namespace kestra::wggl

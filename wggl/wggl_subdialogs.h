@@ -5,6 +5,8 @@
 
 #include "ui/dialog.h"
 
+namespace kestra::wggl {
+
 // Natural power factor of a system being designed, from the calculated loads.
 class CWGGADDDLG : public ui::CAcUiDialog {
  public:
@@ -47,14 +49,17 @@ class CWGGSYYN : public ui::CAcUiDialog {
   std::string m_strYgdn, m_strWgdn;
 };
 
-// The description page of the calculator, read from "\Image\Wgglbc.RTF" under the data root.
+// The description page of the calculator ("\Image\Wgglbc.RTF" under the data root).
 class CWGGSMDLD : public ui::CAcUiDialog {
  public:
-  explicit CWGGSMDLD(ui::Dialog* parent);
+  CWGGSMDLD(ui::Dialog* parent, std::string page_path);
   bool OnInitDialog() override;
   // Reads the page again (the page is read whenever the dialog is shown or repainted).
   void ReloadPage();
 
  private:
+  std::string page_path_;
   ui::Control* rtf_ = nullptr;
 };
+
+}  // namespace kestra::wggl

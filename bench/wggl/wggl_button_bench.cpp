@@ -6,7 +6,8 @@
 #include <filesystem>
 #include <sstream>
 
-#include "shell/module_state.h"
+#include "res/embedded.h"
+#include "shell/module_context.h"
 #include "ui/actions.h"
 #include "ui/headless_host.h"
 #include "wggl/wggl_command.h"
@@ -17,11 +18,11 @@ void BM_WgglReportButtonToDocx(benchmark::State& state) {
   namespace fs = std::filesystem;
   const fs::path root = fs::temp_directory_path() / ("wggl-bench-" + std::to_string(::getpid()));
   for (const char* d : {"bin", "Kestra", "Image", "reports"}) fs::create_directories(root / d);
-  kestra::shell::SetModulePathForTesting((root / "bin/OrvelKestra.so").string());
   std::ostringstream transcript;
   ui::HeadlessHost host(transcript);
   host.SetReportDir((root / "reports").string());
-  ui::SetCurrentHost(&host);
+  const kestra::shell::ModuleContext module(nullptr, &host, (root / "bin/OrvelKestra.so").string(),
+                                            &kestra::res::ModuleResources());
   host.SetDriver([&](ui::Dialog& d) {
     ui::act::SetText(*ui::FindControl(d, 1001), "0.75");
     ui::act::SetText(*ui::FindControl(d, 1005), "0.95");
@@ -35,8 +36,10 @@ void BM_WgglReportButtonToDocx(benchmark::State& state) {
       state.ResumeTiming();
     }
   });
-  kestra::wggl::RunWgglCommand();
-  ui::SetCurrentHost(nullptr);
+  {
+    kestra::shell::ModuleScope scope(module);
+    kestra::wggl::RunWgglCommand(module);
+  }
   if (!host.messages().empty()) state.SkipWithError(host.messages().front().c_str());
   fs::remove_all(root);
 }

@@ -5,20 +5,13 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <atomic>
 #include <cerrno>
-#include <climits>
-#include <cstdlib>
 #include <ctime>
-#include <filesystem>
-#include <mutex>
+
+#include "services/fileio/atomic_file.h"
 
 namespace kestra::idp {
 namespace {
-
-std::mutex g_hook_mutex;
-std::function<bool(const std::string&)> g_before_rename;
-std::atomic<unsigned> g_temp_counter{0};
 
 // "dir/name" -> "dir" ("." when there is no folder part).
 std::string FolderOf(const std::string& path) {
@@ -28,19 +21,6 @@ std::string FolderOf(const std::string& path) {
   return path.substr(0, slash);
 }
 
-bool WriteAll(int fd, std::string_view data) {
-  while (!data.empty()) {
-    ssize_t n = ::write(fd, data.data(), data.size());
-    if (n < 0) {
-      if (errno == EINTR) continue;
-      return false;
-    }
-    if (n == 0) return false;
-    data.remove_prefix(static_cast<std::size_t>(n));
-  }
-  return true;
-}
-
 // Flushes a folder's entries (the rename) to disk. Some file systems refuse fsync on folders;
 // the file is in place by then, so that is not a failure of the write.
 void SyncFolder(const std::string& folder) {
@@ -48,38 +28,6 @@ void SyncFolder(const std::string& folder) {
   if (fd < 0) return;
   ::fsync(fd);
   ::close(fd);
-}
-
-// Writes go to the file a symbolic link points at, so the link itself stays a link.
-std::string FollowLink(const std::string& path) {
-  struct stat st;
-  if (::lstat(path.c_str(), &st) != 0 || !S_ISLNK(st.st_mode)) return path;
-  char* real = ::realpath(path.c_str(), nullptr);
-  if (!real) return path;
-  std::string out = real;
-  std::free(real);
-  return out;
-}
-
-// Creates a new temporary file next to target; returns its descriptor (-1 on failure).
-int CreateTemp(const std::string& target, std::string& temp_path) {
-  for (int attempt = 0; attempt < 100; ++attempt) {
-    temp_path = target + ".tmp-" + std::to_string(::getpid()) + "-" +
-                std::to_string(g_temp_counter.fetch_add(1));
-    int fd = ::open(temp_path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-    if (fd >= 0) return fd;
-    if (errno != EEXIST) return -1;
-  }
-  return -1;
-}
-
-bool RenameNoReplace(const std::string& from, const std::string& to) {
-  if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return true;
-  if (errno != EINVAL && errno != ENOSYS) return false;
-  // File systems without RENAME_NOREPLACE: a hard link never replaces an existing name either.
-  if (::link(from.c_str(), to.c_str()) != 0) return false;
-  ::unlink(from.c_str());
-  return true;
 }
 
 }  // namespace
@@ -126,54 +74,15 @@ bool MoveAside(const std::string& path, const FileId& expected, std::string* mov
   std::string base = path + ".unreadable-" + stamp;
   for (int n = 1; n < 1000; ++n) {
     std::string name = n == 1 ? base : base + "-" + std::to_string(n);
-    if (RenameNoReplace(path, name)) {
+    const std::error_code e = fileio::RenameNoReplace(path, name);
+    if (!e) {
       if (moved_to) *moved_to = name;
       SyncFolder(FolderOf(path));
       return true;
     }
-    if (errno != EEXIST) return false;
+    if (e != std::errc::file_exists) return false;
   }
   return false;
 }
-
-bool WriteFileAtomically(const std::string& path_in, std::string_view content) {
-  const std::string path = FollowLink(path_in);
-  const std::string folder = FolderOf(path);
-  std::error_code ec;
-  std::filesystem::create_directories(folder, ec);  // a failure shows when the file is created
-
-  std::string temp;
-  int fd = CreateTemp(path, temp);
-  if (fd < 0) return false;
-  struct stat old;
-  if (::stat(path.c_str(), &old) == 0) ::fchmod(fd, old.st_mode & 07777);  // keep the file's mode
-  bool ok = WriteAll(fd, content) && ::fsync(fd) == 0;
-  if (::close(fd) != 0) ok = false;
-  if (ok) {
-    std::lock_guard lock(g_hook_mutex);
-    try {
-      if (g_before_rename && !g_before_rename(temp)) ok = false;
-    } catch (...) {
-      ok = false;
-    }
-  }
-  if (ok && ::rename(temp.c_str(), path.c_str()) != 0) ok = false;
-  if (!ok) {
-    ::unlink(temp.c_str());
-    return false;
-  }
-  // The folder is not flushed after the rename: the new file's content is on disk before its
-  // name replaces the old one, so after a crash the folder holds either the old file or the
-  // new one, whole. Flushing the folder too would only make the new name durable sooner, at the
-  // cost of a second disk wait on every OK.
-  return true;
-}
-
-namespace testing {
-void SetBeforeRenameHook(std::function<bool(const std::string& temp_path)> hook) {
-  std::lock_guard lock(g_hook_mutex);
-  g_before_rename = std::move(hook);
-}
-}  // namespace testing
 
 }  // namespace kestra::idp

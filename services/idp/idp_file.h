@@ -1,8 +1,7 @@
 #pragma once
-// The file side of parameter files: whole-file reads, atomic replacement and keeping an
-// unreadable file aside, so that a designer's inputs are never lost to a half-written file.
+// The file side of parameter files: whole-file reads and keeping an unreadable file aside, so
+// that a designer's inputs are never lost. Files are written with kestra::fileio::ReplaceFile.
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <string_view>
 
@@ -24,17 +23,5 @@ ReadResult ReadWholeFile(const std::string& path, std::string& out, FileId* id =
 // that was read (same device and inode as `expected`, from ReadWholeFile's stat), so a good
 // file that a writer has just put in its place stays. False when nothing was moved.
 bool MoveAside(const std::string& path, const FileId& expected, std::string* moved_to);
-
-// Replaces path with content atomically: a new temporary file in the same folder (exclusive
-// create), written, flushed to disk, renamed over path, then the folder flushed. A missing
-// folder is created. On failure false, with the old file untouched and no temporary file left.
-bool WriteFileAtomically(const std::string& path, std::string_view content);
-
-namespace testing {
-// Called with the temporary file's path after it was written and flushed, before the rename.
-// Returning false makes the write fail there. For tests that simulate an interrupted write;
-// pass an empty function to remove it.
-void SetBeforeRenameHook(std::function<bool(const std::string& temp_path)> hook);
-}  // namespace testing
 
 }  // namespace kestra::idp

@@ -1,5 +1,6 @@
 #include "services/idp/inter_dp_data.h"
 
+#include "services/fileio/atomic_file.h"
 #include "services/idp/idp_file.h"
 #include "services/idp/idp_format.h"
 #include "services/idp/idp_text.h"
@@ -72,7 +73,7 @@ short CInterDpData::WriteDataToIdpFile(const std::string& path) const {
     // OK without changes is common: the file already says this, so spare the disk two flushes.
     std::string now;
     if (ReadWholeFile(real, now) == ReadResult::kOk && now == text) return kOk;
-    return WriteFileAtomically(real, text) ? kOk : kWriteFailed;
+    return kestra::fileio::ReplaceFile(real, text) ? kWriteFailed : kOk;
   } catch (const std::exception&) {
     return kWriteFailed;
   }

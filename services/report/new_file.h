@@ -1,35 +1,30 @@
 #pragma once
-// A file that appears at its path complete or not at all, and never in place of another file:
-// written to a temporary file in the same folder, flushed to disk, then given its name with a
-// rename that refuses to replace (renameat2 RENAME_NOREPLACE; link + unlink where the file
-// system has no such rename).
+// A new report file: it appears complete or not at all, and never in place of another file.
+// When its name is taken by the time the document is ready (another writer got there first),
+// it takes the next free one: " (2)", " (3)", … before the extension.
 #include <string>
 #include <string_view>
+
+#include "services/fileio/atomic_file.h"
 
 namespace kestra::report {
 
 class NewFile {
  public:
-  // Creates the temporary file beside `path`. Throws COleException (the errno as status code)
-  // when `path` exists already (EEXIST) or the folder does not take a new file.
+  // Prepares the file beside `path`. Throws COleException (the errno as status code) when the
+  // folder does not take a new file.
   explicit NewFile(std::string path);
-  ~NewFile();  // removes the temporary file unless committed
-  NewFile(const NewFile&) = delete;
-  NewFile& operator=(const NewFile&) = delete;
 
-  // Writes the bytes and gives the file its name. Throws COleException on any error (EEXIST when
-  // the name was taken meanwhile); the temporary file is removed then, and nothing is left.
+  // Writes the bytes and gives the file its name. Throws COleException on any error; nothing
+  // is left then.
   void Commit(std::string_view bytes);
 
+  // The name the file has (after Commit: the one it got).
   const std::string& path() const { return path_; }
 
  private:
-  void Discard();
-
   std::string path_;
-  std::string temp_path_;
-  int fd_ = -1;
-  bool committed_ = false;
+  fileio::PendingFile file_;
 };
 
 }  // namespace kestra::report

@@ -45,8 +45,29 @@ std::string UniqueReportPath(const std::string& dir, std::string_view title, con
   base += FileTitle(title);
   base += stamp;
   std::string path = base + ".docx";
-  for (int n = 2; Exists(path); ++n) path = base + " (" + std::to_string(n) + ").docx";
+  while (Exists(path)) path = NextFreeCandidate(path);
   return path;
+}
+
+std::string NextFreeCandidate(const std::string& path) {
+  const std::size_t dot = path.rfind('.');
+  const std::size_t slash = path.rfind('/');
+  const bool has_ext = dot != std::string::npos && (slash == std::string::npos || dot > slash);
+  std::string stem = has_ext ? path.substr(0, dot) : path;
+  const std::string ext = has_ext ? path.substr(dot) : std::string();
+  int n = 2;
+  // " (n)" at the end of the stem is the counter of an earlier candidate.
+  if (!stem.empty() && stem.back() == ')') {
+    const std::size_t open = stem.rfind(" (");
+    if (open != std::string::npos && open + 3 < stem.size()) {
+      const std::string digits = stem.substr(open + 2, stem.size() - open - 3);
+      if (digits.size() < 9 && digits.find_first_not_of("0123456789") == std::string::npos) {
+        n = std::stoi(digits) + 1;
+        stem.resize(open);
+      }
+    }
+  }
+  return stem + " (" + std::to_string(n) + ")" + ext;
 }
 
 std::string UniqueReportPath(const std::string& dir, std::string_view title, std::time_t time) {

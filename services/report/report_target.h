@@ -27,5 +27,8 @@ class ReportTarget {
 std::string UniqueReportPath(const std::string& dir, std::string_view title, const std::tm& local_time);
 // The same for a time, taken in the local time zone.
 std::string UniqueReportPath(const std::string& dir, std::string_view title, std::time_t time);
+// The name to try when a report's name was taken: "<stem>.docx" -> "<stem> (2).docx",
+// "<stem> (n).docx" -> "<stem> (n+1).docx".
+std::string NextFreeCandidate(const std::string& path);
 
 }  // namespace kestra::report

@@ -1,11 +1,10 @@
 #include <sqlite3.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <filesystem>
 #include <memory>
 
+#include "services/fileio/atomic_file.h"
 #include "services/tabledb/catalog.h"
 #include "services/tabledb/catalog_csv.h"
 #include "services/tabledb/key_indexes.h"
@@ -149,28 +148,23 @@ std::string BuildCatalogue(const std::string& src_dir, const std::string& out_fi
     if (!ReadWholeFile(path, content, error)) return error;
     if (!ParseCsv(content, path, tables[k], error)) return error;
   }
-  const std::string tmp = out_file + ".tmp-" + std::to_string(::getpid());
-  std::remove(tmp.c_str());
-  auto fail = [&](const std::string& e) {
-    std::remove(tmp.c_str());
-    return "cannot build " + out_file + ": " + e;
-  };
-  {
-    sqlite3* raw = nullptr;
-    const int rc = sqlite3_open_v2(tmp.c_str(), &raw, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
-    std::unique_ptr<sqlite3, DbCloser> db(raw);
-    if (rc != SQLITE_OK) return fail(raw ? sqlite3_errmsg(raw) : "out of memory");
-    if (auto e = Exec(db.get(), "PRAGMA journal_mode=OFF; PRAGMA synchronous=FULL; BEGIN"); !e.empty()) {
-      return fail(e);
-    }
-    for (std::size_t k = 0; k < sources.size(); ++k) {
-      if (auto e = WriteTable(db.get(), sources[k], tables[k]); !e.empty()) return fail(e);
-    }
-    if (auto e = Exec(db.get(), "COMMIT; ANALYZE"); !e.empty()) return fail(e);
+  auto fail = [&](const std::string& e) { return "cannot build " + out_file + ": " + e; };
+  // Built in memory, then written whole: a reader of the old catalogue never sees a half-built one.
+  sqlite3* raw = nullptr;
+  const int rc = sqlite3_open_v2(":memory:", &raw, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
+  std::unique_ptr<sqlite3, DbCloser> db(raw);
+  if (rc != SQLITE_OK) return fail(raw ? sqlite3_errmsg(raw) : "out of memory");
+  if (auto e = Exec(db.get(), "BEGIN"); !e.empty()) return fail(e);
+  for (std::size_t k = 0; k < sources.size(); ++k) {
+    if (auto e = WriteTable(db.get(), sources[k], tables[k]); !e.empty()) return fail(e);
   }
-  std::error_code ec;
-  fs::rename(tmp, out_file, ec);
-  if (ec) return fail(ec.message());
+  if (auto e = Exec(db.get(), "COMMIT; ANALYZE"); !e.empty()) return fail(e);
+  sqlite3_int64 size = 0;
+  std::unique_ptr<unsigned char, decltype(&sqlite3_free)> image(sqlite3_serialize(db.get(), "main", &size, 0),
+                                                                 &sqlite3_free);
+  if (!image) return fail("out of memory");
+  const std::string_view bytes(reinterpret_cast<const char*>(image.get()), static_cast<std::size_t>(size));
+  if (const std::error_code e = kestra::fileio::ReplaceFile(out_file, bytes)) return fail(e.message());
   return {};
 }
 

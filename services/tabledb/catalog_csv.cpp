@@ -1,14 +1,12 @@
 #include "services/tabledb/catalog_csv.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <fstream>
 #include <sstream>
 
+#include "services/fileio/atomic_file.h"
 #include "services/text/number_text.h"
 
 namespace kestra::catalog {
@@ -196,27 +194,8 @@ bool ReadWholeFile(const std::string& path, std::string& content, std::string& e
 }
 
 bool WriteFileAtomically(const std::string& path, const std::string& content, std::string& error) {
-  const std::string tmp = path + ".tmp-" + std::to_string(::getpid());
-  const int fd = ::open(tmp.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
-  if (fd < 0) {
-    error = "cannot write " + path + ": " + std::strerror(errno);
-    return false;
-  }
-  std::size_t done = 0;
-  while (done < content.size()) {
-    const ssize_t w = ::write(fd, content.data() + done, content.size() - done);
-    if (w < 0) {
-      if (errno == EINTR) continue;
-      break;
-    }
-    done += static_cast<std::size_t>(w);
-  }
-  const bool ok = done == content.size() && ::fsync(fd) == 0;
-  const int saved = errno;
-  ::close(fd);
-  if (!ok || std::rename(tmp.c_str(), path.c_str()) != 0) {
-    error = "cannot write " + path + ": " + std::strerror(ok ? errno : saved);
-    std::remove(tmp.c_str());
+  if (const std::error_code e = kestra::fileio::ReplaceFile(path, content)) {
+    error = "cannot write " + path + ": " + e.message();
     return false;
   }
   return true;

@@ -22,8 +22,8 @@ std::string CsvField(const std::string& s);
 // A cell that reads completely as a C-locale decimal number ("500", "-1.05", "2e3").
 bool IsNumberText(std::string_view s);
 
-// Whole-file helpers; WriteFileAtomically writes a temporary file beside `path`, flushes it
-// to disk and renames it over `path`, so a reader never sees a half-written file.
+// Whole-file helpers with an error text naming the file; WriteFileAtomically replaces the file
+// whole or not at all (kestra::fileio::ReplaceFile).
 bool ReadWholeFile(const std::string& path, std::string& content, std::string& error);
 bool WriteFileAtomically(const std::string& path, const std::string& content, std::string& error);
 

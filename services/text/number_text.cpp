@@ -65,7 +65,8 @@ int WToI(std::string_view s) {
   return static_cast<int>(v);
 }
 
-std::string Format(const char* fmt, double v) {
+// Non-finite policy hook: every printed real comes here, Format's conversions included.
+std::string FormatDouble(const char* fmt, double v) {
   ScopedCLocale c;
   char buf[512];
   int n = std::snprintf(buf, sizeof buf, fmt, v);
@@ -75,13 +76,6 @@ std::string Format(const char* fmt, double v) {
   std::snprintf(big.data(), big.size(), fmt, v);
   big.resize(static_cast<std::size_t>(n));
   return big;
-}
-
-std::string Format(const char* fmt, int v) {
-  ScopedCLocale c;
-  char buf[64];
-  int n = std::snprintf(buf, sizeof buf, fmt, v);
-  return n < 0 ? std::string() : std::string(buf, static_cast<std::size_t>(n));
 }
 
 std::string ShortestText(double v) {

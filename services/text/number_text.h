@@ -16,13 +16,14 @@ double WToF(std::string_view s);
 // _wtoi: leading blanks, optional sign, decimal digits; saturates at INT_MIN / INT_MAX.
 int WToI(std::string_view s);
 
-// printf-style formatting of one number in the C locale ("%g", "%.2f", "%.3f", "%d", ...).
-std::string Format(const char* fmt, double v);
-std::string Format(const char* fmt, int v);
-inline std::string FormatG(double v) { return Format("%g", v); }
-inline std::string Format2f(double v) { return Format("%.2f", v); }
-inline std::string Format3f(double v) { return Format("%.3f", v); }
-inline std::string FormatD(int v) { return Format("%d", v); }
+// One real number printed by one printf conversion in the C locale ("%g", "%.2f", "%.3f", ...).
+// Every real the program prints goes through here, Format's conversions included: the one
+// place for a policy on numbers that are not finite.
+std::string FormatDouble(const char* conversion, double v);
+inline std::string FormatG(double v) { return FormatDouble("%g", v); }
+inline std::string Format2f(double v) { return FormatDouble("%.2f", v); }
+inline std::string Format3f(double v) { return FormatDouble("%.3f", v); }
+inline std::string FormatD(int v) { return std::to_string(v); }
 
 // The shortest text that reads back to exactly the same double ("500", "1.05", "0.0754").
 std::string ShortestText(double v);

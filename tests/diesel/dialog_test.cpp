@@ -2,21 +2,31 @@
 #include <fstream>
 
 #include "diesel/diesel_command.h"
+#include "diesel/diesel_report.h"
 #include "diesel_fixture.h"
 #include "tests/report/zip_reader.h"
 
 namespace {
 
-const char* const kDate = "2026-11-22";
+using namespace kestra::diesel;
 
-std::string ParamsOf(const ZoUiCyfdjzrlCalDlg& dlg) { return dlg.ReportBlocks(kDate).at(11).text; }
-std::string ResultsOf(const ZoUiCyfdjzrlCalDlg& dlg) { return dlg.ReportBlocks(kDate).at(13).text; }
+// The report's parameter and result paragraphs as the dialog stands.
+std::string ReportBlock(const ZoUiCyfdjzrlCalDlg& dlg, std::size_t block) {
+  return BuildDieselReport(dlg.Inputs(), Calculate(dlg.Inputs()), "2026-11-22").at(block).text;
+}
+std::string ParamsOf(const ZoUiCyfdjzrlCalDlg& dlg) { return ReportBlock(dlg, 11); }
+std::string ResultsOf(const ZoUiCyfdjzrlCalDlg& dlg) { return ReportBlock(dlg, 13); }
 bool Has(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
+int Count(const std::string& text, const std::string& part) {
+  int n = 0;
+  for (auto at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++n;
+  return n;
+}
 
 using Strings = std::vector<std::string>;
 
 TEST_F(DieselDialogTest, OpensOnTheSteadyLoadPageWithTheReportGreyed) {
-  ZoUiCyfdjzrlCalDlg dlg;
+  ZoUiCyfdjzrlCalDlg dlg(module_.context());
   Run(dlg, [&](ui::Dialog& d) {
     EXPECT_EQ(d.GetWindowText(), "柴油发电机组容量计算");
     ui::Control& tab = Ctl(d, 215);
@@ -35,7 +45,7 @@ TEST_F(DieselDialogTest, OpensOnTheSteadyLoadPageWithTheReportGreyed) {
 }
 
 TEST_F(DieselDialogTest, SteadyLoadCalculationAndNumberReading) {
-  ZoUiCyfdjzrlCalDlg dlg;
+  ZoUiCyfdjzrlCalDlg dlg(module_.context());
   Run(dlg, [&](ui::Dialog& d) {
     Calculate(d, {});  // P∑ empty reads as 0
     EXPECT_EQ(Text(d, 219), "0.000");
@@ -49,29 +59,29 @@ TEST_F(DieselDialogTest, SteadyLoadCalculationAndNumberReading) {
     EXPECT_EQ(Text(d, 219), "0.000");
     EXPECT_TRUE(Ctl(d, 213).IsWindowEnabled());
   });
-  EXPECT_TRUE(transcript_.str().find("[message]") == std::string::npos) << transcript_.str();
+  EXPECT_TRUE(module_.transcript().find("[message]") == std::string::npos) << module_.transcript();
 }
 
 TEST_F(DieselDialogTest, PeakLoadWithoutSmUsesPmQmAndWritesSmBack) {
-  ZoUiCyfdjzrlCalDlg dlg;
+  ZoUiCyfdjzrlCalDlg dlg(module_.context());
   Run(dlg, [&](ui::Dialog& d) {
     ui::act::Tab(d, 1);
     Calculate(d, {{219, "300"}, {220, "400"}});
     EXPECT_EQ(Texts(d, {218, 221}), (Strings{"500.00", "300.000"}));
-    // The calculator keeps Sm = 0 until the next calculation: the report says so.
-    EXPECT_EQ(dlg.PeakLoadPage().Calculator().m_dSm, 0.0);
+    // The page keeps Sm = 0 until the next calculation: the report says so.
+    EXPECT_EQ(dlg.PeakLoadPage().Inputs().sm, 0.0);
     EXPECT_TRUE(Has(ParamsOf(dlg), "S<L>m</L>= 0.000（kVA）"));
     EXPECT_TRUE(Has(ResultsOf(dlg), "√(P<L>2m</L>+Q<L>2m</L>)=300.000\n"));
     // The second "计算" reads the written 500 and gives the same capacity.
     Calculate(d, {});
     EXPECT_EQ(Texts(d, {218, 221}), (Strings{"500.00", "300.000"}));
-    EXPECT_EQ(dlg.PeakLoadPage().Calculator().m_dSm, 500.0);
+    EXPECT_EQ(dlg.PeakLoadPage().Inputs().sm, 500.0);
     EXPECT_TRUE(Has(ParamsOf(dlg), "S<L>m</L>= 500.000（kVA）"));
   });
 }
 
 TEST_F(DieselDialogTest, PeakLoadSmRulesForEmptyAndBlankTexts) {
-  ZoUiCyfdjzrlCalDlg dlg;
+  ZoUiCyfdjzrlCalDlg dlg(module_.context());
   Run(dlg, [&](ui::Dialog& d) {
     ui::act::Tab(d, 1);
     Calculate(d, {});  // Sm, Pm and Qm all empty: 0 and nothing written back
@@ -86,7 +96,7 @@ TEST_F(DieselDialogTest, PeakLoadSmRulesForEmptyAndBlankTexts) {
 }
 
 TEST_F(DieselDialogTest, BusDropPageAndTabSwitchingKeepEverything) {
-  ZoUiCyfdjzrlCalDlg dlg;
+  ZoUiCyfdjzrlCalDlg dlg(module_.context());
   Run(dlg, [&](ui::Dialog& d) {
     Calculate(d, {{216, "500"}});
     ui::act::Tab(d, 2);
@@ -111,7 +121,7 @@ TEST_F(DieselDialogTest, BusDropPageAndTabSwitchingKeepEverything) {
 }
 
 TEST_F(DieselDialogTest, ReportShowsEachPagesLastCalculation) {
-  ZoUiCyfdjzrlCalDlg dlg;
+  ZoUiCyfdjzrlCalDlg dlg(module_.context());
   Run(dlg, [&](ui::Dialog& d) {
     Calculate(d, {{216, "500"}});
     Type(d, 216, "900");  // edited after the calculation
@@ -119,12 +129,12 @@ TEST_F(DieselDialogTest, ReportShowsEachPagesLastCalculation) {
     Type(d, 219, "1000");  // never calculated
     Press(d, "计算书");
   });
-  // The steady load as calculated; the pages never calculated as calculators never given values.
-  ZoUiWDFHCal steady;
-  steady.SetParams(500, 0.85, 0.8);
-  EXPECT_EQ(ParamsOf(dlg), steady.GetParamText() + ZoUiJFFHCal().GetParamText() + ZoUiMXYXYJCal().GetParamText());
-  EXPECT_EQ(ResultsOf(dlg),
-            steady.GetResultText() + ZoUiJFFHCal().GetResultText() + ZoUiMXYXYJCal().GetResultText());
+  // The steady load as calculated (500 kW, not 900); the pages never calculated with every
+  // value 0: 8 parameters and 2 results.
+  const std::string params = ParamsOf(dlg), results = ResultsOf(dlg);
+  EXPECT_TRUE(Has(params, "P<L>∑</L>=500.000（kW）；") && Has(results, "=735.294\n2）")) << params << results;
+  EXPECT_EQ(Count(params, "=0.000") + Count(params, "= 0.000"), 8) << params;
+  EXPECT_EQ(Count(results, "=0.000\n"), 2) << results;
   EXPECT_TRUE(host_.messages().empty());
 }
 
@@ -136,10 +146,10 @@ TEST_F(DieselDialogTest, CommandRunsTheDialogWritesTheReportAndLeavesNothingOpen
     EXPECT_EQ(host_.wait_cursor_depth(), 0);
     Press(d, "关闭");
   });
-  kestra::diesel::RunDieselCommand();
+  RunDieselCommand(module_.context());
   EXPECT_TRUE(host_.open_dialogs().empty());
   EXPECT_TRUE(host_.messages().empty());
-  const std::string t = transcript_.str();
+  const std::string t = module_.transcript();
   const std::string head = "[dialog] 柴油发电机组容量计算\n[report] ", tail = "\n[closed] 柴油发电机组容量计算 Cancel\n";
   ASSERT_TRUE(t.size() > head.size() + tail.size() && t.rfind(head, 0) == 0 && t.ends_with(tail)) << t;
   const std::filesystem::path path = t.substr(head.size(), t.size() - head.size() - tail.size());
@@ -155,7 +165,7 @@ TEST_F(DieselDialogTest, ReportThatCannotBeCreatedSaysSoAndTheDialogGoesOn) {
   // The report folder is a file: no document can be created there.
   std::filesystem::create_directories(report_dir_.parent_path());
   { std::ofstream(report_dir_) << "not a folder"; }
-  ZoUiCyfdjzrlCalDlg dlg;
+  ZoUiCyfdjzrlCalDlg dlg(module_.context());
   Run(dlg, [&](ui::Dialog& d) {
     Calculate(d, {{216, "500"}});
     Press(d, "计算书");
@@ -163,8 +173,8 @@ TEST_F(DieselDialogTest, ReportThatCannotBeCreatedSaysSoAndTheDialogGoesOn) {
     EXPECT_EQ(Text(d, 219), "1470.588");
   });
   EXPECT_EQ(host_.messages(), (Strings{"创建Word实例失败!"}));
-  EXPECT_NE(transcript_.str().find("[message] OrvelKestra: 创建Word实例失败!\n"), std::string::npos);
-  EXPECT_EQ(transcript_.str().find("[report]"), std::string::npos);
+  EXPECT_NE(module_.transcript().find("[message] OrvelKestra: 创建Word实例失败!\n"), std::string::npos);
+  EXPECT_EQ(module_.transcript().find("[report]"), std::string::npos);
 }
 
 }  // namespace

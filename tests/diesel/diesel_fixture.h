@@ -13,25 +13,19 @@
 #include <vector>
 
 #include "diesel/diesel_dialog.h"
-#include "shell/module_state.h"
+#include "tests/shell/test_module.h"
 #include "ui/actions.h"
 #include "ui/headless_host.h"
+
+using kestra::diesel::ZoUiCyfdjzrlCalDlg;
 
 class DieselDialogTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
-    report_dir_ = std::filesystem::path(::testing::TempDir()) / (std::string("diesel_") + info->name());
-    std::filesystem::remove_all(report_dir_);
     host_.SetReportDir(report_dir_.string());
-    ui::SetCurrentHost(&host_);
-    resources_ = std::make_unique<kestra::shell::ModuleResourceScope>();
+    scope_ = std::make_unique<kestra::shell::ModuleScope>(module_.context());
   }
-  void TearDown() override {
-    resources_.reset();
-    ui::SetCurrentHost(nullptr);
-    std::filesystem::remove_all(report_dir_);
-  }
+  void TearDown() override { scope_.reset(); }
 
   // Runs the dialog modally with the driver; the dialog object outlives the run.
   void Run(ZoUiCyfdjzrlCalDlg& dlg, std::function<void(ui::Dialog&)> driver) {
@@ -73,8 +67,8 @@ class DieselDialogTest : public ::testing::Test {
     Press(d, "计算");
   }
 
-  std::filesystem::path report_dir_;  // where "计算书" writes, one folder per test
-  std::ostringstream transcript_;
-  ui::HeadlessHost host_{transcript_};
-  std::unique_ptr<kestra::shell::ModuleResourceScope> resources_;
+  kestra::testing::TestModule module_;
+  ui::HeadlessHost& host_ = module_.ui();
+  const std::filesystem::path report_dir_ = module_.root() / "diesel";  // where "计算书" writes
+  std::unique_ptr<kestra::shell::ModuleScope> scope_;
 };

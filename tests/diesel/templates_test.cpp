@@ -51,7 +51,7 @@ TEST_F(DieselDialogTest, TemplateSizesFontsAndStyles) {
 }
 
 TEST_F(DieselDialogTest, PagesAreWhiteWithTheSubscriptFontAndLaidOutCleanly) {
-  ZoUiCyfdjzrlCalDlg dlg;
+  ZoUiCyfdjzrlCalDlg dlg(module_.context());
   Run(dlg, [&](ui::Dialog& d) {
     // Main dialog: the buttons below the tab control, everything inside the dialog.
     const ui::Rect client = d.GetClientRect();
@@ -135,7 +135,7 @@ TEST_F(DieselDialogTest, EditsAreFoundByTheirDescriptiveLabels) {
       {2, "导致发电机最大电压降的电动机的最大起动容量", 219},
       {2, "按母线允许压降计算的发电机视在功率", 216},
   };
-  ZoUiCyfdjzrlCalDlg dlg;
+  ZoUiCyfdjzrlCalDlg dlg(module_.context());
   Run(dlg, [&](ui::Dialog& d) {
     for (const auto& [page, label, id] : rows) {
       ui::act::Tab(d, page);

@@ -12,6 +12,7 @@
 #include <set>
 #include <thread>
 
+#include "services/fileio/atomic_file.h"
 #include "services/idp/idp_file.h"
 #include "services/idp/idp_values.h"
 #include "services/idp/inter_dp_data.h"
@@ -25,7 +26,7 @@ constexpr const char* kGoodText = "; OrvelKestra parameter file\nWgglbc\\Zrglys=
 class IdpFileTest : public IdpFolderTest {
  protected:
   void TearDown() override {
-    testing::SetBeforeRenameHook({});
+    kestra::fileio::testing::SetBeforePublishHook({});
     IdpFolderTest::TearDown();
   }
   std::vector<std::string> EntriesStartingWith(const std::string& prefix) const {
@@ -134,6 +135,12 @@ TEST_F(IdpFileTest, WhereAndWhetherAWriteLands) {
   EXPECT_NE(inode(), before);  // replaced by a new file
   EXPECT_TRUE(fs::is_symlink(dir_ / "p.idp"));
   EXPECT_NE(Get(real).find("Wgglbc\\Zrglys=0.76\n"), std::string::npos);
+  // A link to a file not there yet (relative, as a designer makes one): the file is made
+  // where the link points, and the link stays.
+  fs::create_symlink("real/new.idp", dir_ / "new.idp");
+  ASSERT_EQ(tree.WriteDataToIdpFile(Path("new.idp")), kOk);
+  EXPECT_TRUE(fs::is_symlink(dir_ / "new.idp"));
+  EXPECT_NE(Get(Path("real/new.idp")).find("Wgglbc\\Zrglys=0.76\n"), std::string::npos);
 }
 
 TEST_F(IdpFileTest, AWriterThatFindsTheDiskFullOrDiesLeavesTheOldFile) {
@@ -153,7 +160,7 @@ TEST_F(IdpFileTest, AWriterThatFindsTheDiskFullOrDiesLeavesTheOldFile) {
 
   // The process dies with the new text written but not yet in place.
   ASSERT_EQ(InChild([&] {
-              testing::SetBeforeRenameHook([](const std::string&) -> bool { ::_exit(42); });
+              kestra::fileio::testing::SetBeforePublishHook([](const std::string&) -> bool { ::_exit(42); });
               CInterDpData tree;
               tree.ReadDataFromIdpFile(path);
               SetValue(tree, "Wgglbc\\Zrglys", "0.5");
@@ -177,17 +184,17 @@ TEST_F(IdpFileTest, AWriteThatFailsBeforeTheRenameCleansUp) {
   SetValue(tree, "Wgglbc\\Zrglys", "0.5");
 
   std::string seen;
-  testing::SetBeforeRenameHook([&](const std::string& temp) {
+  kestra::fileio::testing::SetBeforePublishHook([&](const std::string& temp) {
     seen = Get(temp);  // the whole new text is on disk before the rename
     return false;
   });
   EXPECT_EQ(tree.WriteDataToIdpFile(path), kWriteFailed);
   EXPECT_NE(seen.find("Wgglbc\\Zrglys=0.5\n"), std::string::npos);
-  testing::SetBeforeRenameHook([](const std::string&) -> bool { throw std::runtime_error("boom"); });
+  kestra::fileio::testing::SetBeforePublishHook([](const std::string&) -> bool { throw std::runtime_error("boom"); });
   EXPECT_EQ(tree.WriteDataToIdpFile(path), kWriteFailed);
   ExpectOnlyTheOldFile(path);
 
-  testing::SetBeforeRenameHook({});
+  kestra::fileio::testing::SetBeforePublishHook({});
   ASSERT_EQ(tree.WriteDataToIdpFile(path), kOk);
   struct stat st;
   ASSERT_EQ(::stat(path.c_str(), &st), 0);

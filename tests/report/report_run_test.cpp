@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
+#include <sys/wait.h>
 #include <unistd.h>
+
+#include <set>
 
 #include "services/report/report_errors.h"
 #include "services/report/report_run.h"
@@ -85,20 +88,57 @@ TEST_F(RunReportTest, NoPathNoFolderOrAReadOnlyFolderMeansWordCouldNotStart) {
   }
 }
 
-TEST_F(RunReportTest, NeverWritesOverAnExistingFile) {
-  std::ofstream(*target_.path) << "the designer's own file";
-  EXPECT_FALSE(Write(kestra::report::testing::WriteSampleReport));
-  EXPECT_EQ(messages_, std::vector<std::string>{"Create Word Instance Failed!"});
-  // Taken while the report was being written: the file stays, the report is dropped.
-  fs::remove(*target_.path);
-  EXPECT_FALSE(Write([&](ReportWriter& w) {
+TEST_F(RunReportTest, NeverWritesOverAnExistingFileButTakesTheNextFreeName) {
+  const auto put = [&](const char* name, const char* text) { std::ofstream(dir_ / name) << text; };
+  put("报告.docx", "the designer's own file");
+  EXPECT_TRUE(Write(kestra::report::testing::WriteSampleReport));
+  // Taken while the report was being written, by another writer: the next one after it.
+  EXPECT_TRUE(Write([&](ReportWriter& w) {
     kestra::report::testing::WriteSampleReport(w);
-    std::ofstream(*target_.path) << "the designer's own file";
+    put("报告 (3).docx", "another writer's");
   }));
-  EXPECT_EQ(messages_.back(), "COleException. SCODE: 80070011.");  // EEXIST
-  EXPECT_EQ(ReadAll(*target_.path), "the designer's own file");
-  EXPECT_EQ(Files(), std::vector<std::string>{"报告.docx"});
-  EXPECT_TRUE(target_.shown.empty());
+  EXPECT_TRUE(messages_.empty());
+  EXPECT_EQ(target_.shown, (std::vector<std::string>{(dir_ / "报告 (2).docx").string(), (dir_ / "报告 (4).docx").string()}));
+  EXPECT_EQ(ReadAll(dir_ / "报告.docx"), "the designer's own file");
+  EXPECT_EQ(ReadAll(dir_ / "报告 (3).docx"), "another writer's");
+  EXPECT_EQ(Files(), (std::vector<std::string>{"报告 (2).docx", "报告 (3).docx", "报告 (4).docx", "报告.docx"}));
+}
+
+// Four processes writing reports of the same title in the same second into one folder: every
+// report is written under a name of its own, none over another.
+TEST_F(RunReportTest, ConcurrentWritersAllGetANameOfTheirOwn) {
+  constexpr int kWriters = 4, kReports = 40;
+  std::tm t{};
+  t.tm_year = 2026 - 1900, t.tm_mon = 10, t.tm_mday = 22;
+  std::vector<pid_t> children;
+  for (int w = 0; w < kWriters; ++w) {
+    const pid_t pid = ::fork();
+    if (pid == 0) {
+      int failed = 0;
+      for (int r = 0; r < kReports; ++r) {
+        target_.path = UniqueReportPath(dir_.string(), "计算书", t);
+        const std::string mark = "writer " + std::to_string(w) + " report " + std::to_string(r) + ".";
+        if (!Write([&](ReportWriter& writer) { writer.InsertPlainRun(mark); })) ++failed;
+      }
+      ::_exit(failed);
+    }
+    children.push_back(pid);
+  }
+  for (pid_t pid : children) {
+    int status = 0;
+    ::waitpid(pid, &status, 0);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "reports refused: " << WEXITSTATUS(status);
+  }
+  std::set<std::string> marks;
+  for (const std::string& name : Files()) {
+    ASSERT_TRUE(name.ends_with(".docx")) << name;  // no temporary left
+    const auto xml = kestra::report::testing::ReadZipMember((dir_ / name).string(), "word/document.xml");
+    ASSERT_TRUE(xml.has_value()) << name;
+    const auto at = xml->find("writer ");
+    ASSERT_NE(at, std::string::npos) << name;
+    marks.insert(xml->substr(at, xml->find('.', at) - at));
+  }
+  EXPECT_EQ(marks.size(), std::size_t{kWriters * kReports});
 }
 
 TEST_F(RunReportTest, FailuresInTheBodyLeaveNoFileAndSayWhatHappened) {

@@ -1,25 +1,34 @@
-// The entry messages and command handlers of the module, driven in this process.
+// The entry messages and command handlers of the module, driven in this process, and the
+// module context that carries host, data root and resources to the commands.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <tuple>
+
 #include "res/embedded.h"
-#include "shell/extension_module.h"
+#include "services/idp/idp_values.h"
+#include "services/idp/inter_dp_data.h"
 #include "shell/host_api.h"
 #include "shell/module_commands.h"
-#include "shell/module_state.h"
-#include "shell/resource_guard.h"
+#include "shell/module_context.h"
+#include "shell/module_entry.h"
+#include "shell/module_language.h"
 #include "tests/shell/fake_host.h"
+#include "tests/shell/test_module.h"
+#include "ui/actions.h"
+#include "wggl/wggl_command.h"
 
 namespace {
 
 using kestra::shell::AppPackage;
+using kestra::shell::LoadedModule;
 using kestra::testing::RecordingHost;
+using kestra::testing::TestModule;
+using Strings = std::vector<std::string>;
 
 class ModuleEntry : public ::testing::Test {
  protected:
-  void TearDown() override {
-    acrxEntryPoint(kestra::shell::kUnloadAppMsg, &pkg_);
-    kestra::shell::SetExtensionInitFailsForTesting(false);
-  }
+  void TearDown() override { acrxEntryPoint(kestra::shell::kUnloadAppMsg, &pkg_); }
   void Init() {
     pkg_.api = &host_;
     ASSERT_EQ(acrxEntryPoint(kestra::shell::kInitAppMsg, &pkg_), 0);
@@ -29,28 +38,27 @@ class ModuleEntry : public ::testing::Test {
 };
 
 TEST_F(ModuleEntry, InitialisationRunsItsStepsInOrder) {
-  ASSERT_NE(kestra::shell::RecordedInstance(), nullptr) << "the start-up records the instance";
   Init();
-  std::vector<std::string> want = {"unlock",
-                                   "document-mode",
-                                   "add OrvelKestra sample",
-                                   "add OrvelKestra WGGL",
-                                   "add OrvelKestra DYSSCAL",
-                                   "add OrvelKestra DJQDCAL",
-                                   "add OrvelKestra OrvelDieselContentCal",
-                                   "main-window"};
+  Strings want = {"unlock",
+                  "document-mode",
+                  "add OrvelKestra sample",
+                  "add OrvelKestra WGGL",
+                  "add OrvelKestra DYSSCAL",
+                  "add OrvelKestra DJQDCAL",
+                  "add OrvelKestra OrvelDieselContentCal",
+                  "main-window"};
   EXPECT_EQ(host_.calls, want);
   for (const auto& c : host_.commands) EXPECT_EQ(c.flags, 2) << c.name;
-  EXPECT_EQ(kestra::shell::HostMainWindow(), &host_.window_tag);
-  EXPECT_TRUE(kestra::shell::TheExtensionModule().initialised());
-  EXPECT_NE(kestra::shell::TheExtensionModule().guard_instance(), nullptr);
-  EXPECT_EQ(kestra::shell::ModuleName(), "OrvelKestra");
+  ASSERT_NE(LoadedModule(), nullptr);
+  EXPECT_EQ(LoadedModule()->host(), &host_);
+  EXPECT_EQ(LoadedModule()->main_window(), &host_.window_tag);
+  EXPECT_EQ(LoadedModule()->resources(), &kestra::res::ModuleResources());
 
   host_.calls.clear();
   EXPECT_EQ(acrxEntryPoint(kestra::shell::kUnloadAppMsg, &pkg_), 0);
-  EXPECT_EQ(host_.calls, std::vector<std::string>{"remove OrvelKestra"});
+  EXPECT_EQ(host_.calls, Strings{"remove OrvelKestra"});
   EXPECT_TRUE(host_.commands.empty());
-  EXPECT_FALSE(kestra::shell::TheExtensionModule().initialised());
+  EXPECT_EQ(LoadedModule(), nullptr);
 }
 
 TEST_F(ModuleEntry, OtherMessagesDoNothingAndEverythingSucceeds) {
@@ -62,19 +70,16 @@ TEST_F(ModuleEntry, OtherMessagesDoNothingAndEverythingSucceeds) {
   EXPECT_GT(acrxGetApiVersion(), 0);
 }
 
-TEST_F(ModuleEntry, FailedExtensionRecordStillRegistersTheCommands) {
-  kestra::shell::SetExtensionInitFailsForTesting(true);
-  Init();
-  EXPECT_FALSE(kestra::shell::TheExtensionModule().initialised());
-  EXPECT_EQ(kestra::shell::TheExtensionModule().guard_instance(), nullptr);
+TEST_F(ModuleEntry, UnreadableResourcesStillRegisterTheCommands) {
+  pkg_.api = &host_;
+  kestra::shell::InitApplication(&pkg_, nullptr);
   ASSERT_EQ(host_.commands.size(), 5u);
   EXPECT_EQ(host_.calls.front(), "unlock");
-  EXPECT_EQ(host_.commands[0].group, "OrvelKestra");
-  // The commands still find the module's resources through the recorded instance.
+  EXPECT_EQ(host_.commands[0].group, "OrvelKestra");  // the group's name does not need them
   host_.calls.clear();
-  host_.Run("WGGL");
-  ASSERT_FALSE(host_.pushed.empty());
-  for (const ui::ResourceSet* r : host_.pushed) EXPECT_EQ(r, &kestra::res::ModuleResources());
+  host_.Run("WGGL");  // nothing to show: the command only switches and restores
+  EXPECT_EQ(host_.calls, (Strings{"push", "pop"}));
+  EXPECT_EQ(host_.pushed, std::vector<const ui::ResourceSet*>{nullptr});
 }
 
 TEST_F(ModuleEntry, SamplePrintsNothingAndTouchesNothing) {
@@ -88,29 +93,61 @@ TEST_F(ModuleEntry, SamplePrintsNothingAndTouchesNothing) {
 TEST_F(ModuleEntry, CommandsPushAndPopResourcesAndReturnVoidWhereDue) {
   Init();
   const ui::ResourceSet* before = ui::CurrentResources();
-  for (const char* name : {"WGGL", "DYSSCAL", "DJQDCAL"}) {
+  for (const char* name : {"WGGL", "DYSSCAL", "DJQDCAL", "OrvelDieselContentCal"}) {
     host_.calls.clear();
     host_.Run(name);
     ASSERT_FALSE(host_.calls.empty());
     EXPECT_EQ(host_.calls.front(), "push") << name;
     EXPECT_EQ(host_.calls.back(), "pop") << name;
-    bool ret_void = std::find(host_.calls.begin(), host_.calls.end(), "ret-void") != host_.calls.end();
-    EXPECT_EQ(ret_void, std::string(name) != "WGGL") << name;
+    const bool ret_void = std::find(host_.calls.begin(), host_.calls.end(), "ret-void") != host_.calls.end();
+    EXPECT_EQ(ret_void, std::string(name) == "DYSSCAL" || std::string(name) == "DJQDCAL") << name;
     EXPECT_EQ(ui::CurrentResources(), before);
   }
   EXPECT_EQ(host_.ret_void, 2);
-#if !defined(KESTRA_HAVE_DYSS)
-  EXPECT_NE(std::find(host_.lines.begin(), host_.lines.end(),
-                      "DYSSCAL: 电压损失计算尚未提供 (this calculator is not available yet)"),
-            host_.lines.end());
-#endif
 }
 
-// A language-switch service that hands out one dictionary and counts the questions.
+// Two hosts in one process, each with its own data root and dialog host; the second host's
+// command runs while the first one's dialog is open, as two programs' commands would never
+// meet. Each dialog shows in its own host, each parameter file goes to its own root, and the
+// first dialog finds its own host and resources again afterwards.
+TEST(ModuleContext, TwoHostsInOneProcessKeepTheirDialogsFilesAndResources) {
+  RecordingHost host_a, host_b;
+  TestModule a(&host_a), b(&host_b);
+  const auto type_cos_phi1_and_ok = [](const char* text) {
+    return [text](ui::Dialog& d) {
+      ui::act::SetText(*ui::FindControl(d, 1001), text);
+      ui::act::Click(*ui::FindControlByLabel(d, "计算"));
+      ui::act::Ok(d);
+    };
+  };
+  b.ui().SetDriver(type_cos_phi1_and_ok("0.9"));
+  a.ui().SetDriver([&](ui::Dialog& d) {
+    const ui::ResourceSet* inside_a = ui::CurrentResources();
+    kestra::shell::RunInModule(b.context(), &kestra::wggl::RunWgglCommand, false);
+    EXPECT_EQ(ui::CurrentHost(), &a.ui());
+    EXPECT_EQ(ui::CurrentResources(), inside_a);
+    type_cos_phi1_and_ok("0.8")(d);
+  });
+  const ui::UiHost* host_before = ui::CurrentHost();
+  kestra::shell::RunInModule(a.context(), &kestra::wggl::RunWgglCommand, true);
+  EXPECT_EQ(ui::CurrentHost(), host_before);
+
+  for (auto [module, host, cos_phi1] : {std::tuple{&a, &host_a, "0.8"}, std::tuple{&b, &host_b, "0.9"}}) {
+    EXPECT_EQ(module->transcript(), "[dialog] 无功功率补偿\n[closed] 无功功率补偿 OK\n");
+    CInterDpData tree;
+    tree.ReadDataFromIdpFile((module->root() / "Kestra/无功功率补偿计算.idp").string());
+    EXPECT_EQ(kestra::idp::ValueOr(tree, "Wgglbc\\Zrglys", "<none>"), cos_phi1);
+    EXPECT_EQ(host->pushed, std::vector<const ui::ResourceSet*>{&kestra::res::ModuleResources()});
+  }
+  EXPECT_EQ(host_a.calls, (Strings{"push", "ret-void", "pop"}));
+  EXPECT_EQ(host_b.calls, (Strings{"push", "pop"}));
+}
+
+// A language-switch service that hands out one dictionary and records the questions.
 class OneDictionary : public ZoLangSwitch {
  public:
   ZoDtDictionary dict;
-  std::vector<std::string> asked;
+  Strings asked;
   ZoDtDictionary* GetModuleDictionary(const std::string& key) override {
     asked.push_back(key);
     dict.key = key;
@@ -118,36 +155,23 @@ class OneDictionary : public ZoLangSwitch {
   }
 };
 
-TEST_F(ModuleEntry, DieselGuardSwitchesResourcesAndLanguageAndRestoresThem) {
-  Init();
+TEST(ModuleContext, ScopeMakesTheModulesLanguageCurrentAskingOnce) {
   OneDictionary service;
   ZoDtDictionary outer{"OUTER"};
   g_pQuendaLangSwitch = &service;
   g_pCurModuleLang = &outer;
-  kestra::shell::ForgetModuleDictionaryForTesting();
-  kestra::shell::SetModulePathForTesting("D:\\Prog\\Sys\\OrvelKestra18.arx");
-  const ui::ResourceSet* before = ui::CurrentResources();
-  {
-    ZoUtPushResource guard(kestra::shell::TheExtensionModule().guard_instance());
+  const kestra::shell::ModuleContext module(nullptr, nullptr, "D:\\Prog\\Sys\\OrvelKestra18.arx",
+                                            &kestra::res::ModuleResources());
+  EXPECT_EQ(module.data_root(), "D:\\Prog");
+  for (int run = 0; run < 2; ++run) {
+    kestra::shell::ModuleScope scope(module);
     EXPECT_EQ(ui::CurrentResources(), &kestra::res::ModuleResources());
-    ASSERT_EQ(g_pCurModuleLang, &service.dict);
-    EXPECT_EQ(service.dict.key, "ORVELKESTRA1");
-    ZoUtPushResource again(nullptr);  // nested, and with no instance at all
-    EXPECT_EQ(ui::CurrentResources(), nullptr);
+    EXPECT_EQ(g_pCurModuleLang, &service.dict);
   }
-  EXPECT_EQ(ui::CurrentResources(), before);
   EXPECT_EQ(g_pCurModuleLang, &outer);
-  EXPECT_EQ(service.asked.size(), 1u) << "the dictionary is cached after the first question";
-
-  host_.calls.clear();
-  host_.Run("OrvelDieselContentCal");
-  EXPECT_EQ(g_pCurModuleLang, &outer);
-  EXPECT_TRUE(host_.calls.empty()) << "the guard works on the framework, not through the host";
-
+  EXPECT_EQ(service.asked, Strings{"ORVELKESTRA1"});
   g_pQuendaLangSwitch = nullptr;
   g_pCurModuleLang = nullptr;
-  kestra::shell::ForgetModuleDictionaryForTesting();
-  kestra::shell::SetModulePathForTesting("");
 }
 
 TEST(ModuleLanguageKey, CutsTheFileNameByTheRules) {
@@ -162,20 +186,6 @@ TEST(ModuleLanguageKey, CutsTheFileNameByTheRules) {
   EXPECT_EQ(ModuleLanguageKey("D:\\Prog\\.Kestra18"), "") << "the point is the first character";
   EXPECT_EQ(ModuleLanguageKey("D:\\Prog\\Kestra18"), "") << "no point";
   EXPECT_EQ(ModuleLanguageKey("D:\\Prog\\1.arx"), "");
-}
-
-TEST(DataRoot, IsTwoLevelsAboveTheModuleFile) {
-  using kestra::shell::DataRoot;
-  using kestra::shell::SetModulePathForTesting;
-  SetModulePathForTesting("D:\\Prog\\Sys\\module.arx");
-  EXPECT_EQ(DataRoot(), "D:\\Prog");
-  SetModulePathForTesting("D:\\module.arx");
-  EXPECT_EQ(DataRoot(), "D:") << "a module in a drive's root folder";
-  SetModulePathForTesting("module.arx");
-  EXPECT_EQ(DataRoot(), "module.arx") << "no backslash leaves the path";
-  SetModulePathForTesting("/srv/kestra/bin/OrvelKestra.so");
-  EXPECT_EQ(DataRoot(), "/srv/kestra");
-  SetModulePathForTesting("");
 }
 
 }  // namespace

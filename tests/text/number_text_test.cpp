@@ -68,7 +68,7 @@ TEST(NumberText, PrintsInTheCLocaleWhateverTheUserLocale) {
   EXPECT_EQ(FormatG(-0.0), "-0");
   EXPECT_EQ(WcsToD("0.5"), 0.5);
   if (set) std::setlocale(LC_ALL, "C");
-  EXPECT_EQ(Format("%.0f", 14.0), "14");
+  EXPECT_EQ(FormatDouble("%.0f", 14.0), "14");
 }
 
 TEST(NumberText, ShortestTextReadsBackExactly) {

@@ -14,17 +14,23 @@
 
 #include "services/idp/idp_values.h"
 #include "services/idp/inter_dp_data.h"
-#include "shell/module_state.h"
 #include "tests/report/zip_reader.h"
+#include "tests/shell/test_module.h"
 #include "ui/actions.h"
 #include "ui/headless_host.h"
 #include "wggl/wggl_command.h"
 #include "wggl/wggl_dialog.h"
+#include "wggl/wggl_report.h"
 #include "wggl/wggl_subdialogs.h"
 
 namespace fs = std::filesystem;
 
 namespace {
+
+using kestra::wggl::CWGGADDDLG;
+using kestra::wggl::CWGGSMDLD;
+using kestra::wggl::CWGGSYYN;
+using kestra::wggl::CWgglbcDlg;
 
 using Strings = std::vector<std::string>;
 
@@ -35,18 +41,7 @@ const char* const kOutOfRange = "计算出的自然平均功率因数(范围从0
 class WgglDialog : public ::testing::Test {
  protected:
   void SetUp() override {
-    char tmpl[] = "/tmp/wggl-test-XXXXXX";
-    ASSERT_NE(mkdtemp(tmpl), nullptr);
-    root_ = tmpl;
-    for (const char* d : {"bin", "Kestra", "Image"}) fs::create_directories(root_ / d);
     fs::copy_file(fs::path(KESTRA_SOURCE_DIR) / "data/Image/Wgglbc.RTF", root_ / "Image/Wgglbc.RTF");
-    kestra::shell::SetModulePathForTesting((root_ / "bin/OrvelKestra.so").string());
-    ui::SetCurrentHost(&host_);
-  }
-  void TearDown() override {
-    ui::SetCurrentHost(nullptr);
-    kestra::shell::SetModulePathForTesting({});
-    fs::remove_all(root_);
   }
 
   fs::path ParamFile() const { return root_ / "Kestra/无功功率补偿计算.idp"; }
@@ -54,7 +49,8 @@ class WgglDialog : public ::testing::Test {
   // Runs the command with a driver for the main dialog.
   void Run(const std::function<void(CWgglbcDlg&)>& drive) {
     host_.SetDriver([&](ui::Dialog& d) { drive(dynamic_cast<CWgglbcDlg&>(d)); });
-    kestra::wggl::RunWgglCommand();
+    kestra::shell::ModuleScope scope(module_.context());
+    kestra::wggl::RunWgglCommand(module_.context());
     host_.SetDriver(nullptr);
   }
 
@@ -73,7 +69,7 @@ class WgglDialog : public ::testing::Test {
     kestra::idp::SetValue(tree, "Wgglbc\\" + key, text);
     tree.WriteDataToIdpFile(ParamFile().string());
   }
-  bool Shown(const std::string& line) const { return transcript_.str().find(line) != std::string::npos; }
+  bool Shown(const std::string& line) const { return module_.transcript().find(line) != std::string::npos; }
 
   static ui::Control& Must(ui::Control* c, const std::string& what) {
     return c ? *c : throw std::runtime_error("no control " + what);
@@ -104,9 +100,9 @@ class WgglDialog : public ::testing::Test {
   static constexpr int kCos1 = 1001, kDesign = 1003, kInUse = 1004, kCos2 = 1005, kAlpha = 1007, kPjs = 1009,
                        kQc = 1010, kBox = 1011, kRating = 1012, kCount = 1013, kActual = 1014;
 
-  fs::path root_;
-  std::ostringstream transcript_;
-  ui::HeadlessHost host_{transcript_};
+  kestra::testing::TestModule module_;
+  const fs::path& root_ = module_.root();
+  ui::HeadlessHost& host_ = module_.ui();
 };
 
 TEST_F(WgglDialog, WorkedExampleWithDefaultsAndWhatOkStores) {
@@ -252,7 +248,7 @@ TEST_F(WgglDialog, DesignSubDialogDerivesThePowerFactor) {
     EXPECT_EQ(Texts(d, {kCos1, kPjs}), (Strings{"0.75", "1000"}));
     ui::act::SetText(C(d, kCos2), "0.95");
     Calc(d);
-    const auto blocks = kestra::wggl::BuildWgglReport(d.ReportValues());
+    const auto blocks = kestra::wggl::BuildWgglReport(d.last_results(), d.last_bank());
     EXPECT_EQ(blocks[6].text.rfind("\t补偿前企业自然平均功率因数(正在设计中)", 0), 0u) << blocks[6].text;
     ui::act::Ok(d);
   });
@@ -328,7 +324,6 @@ std::string DocumentText(const std::string& docx) {
 }
 
 TEST_F(WgglDialog, ReportButtonCalculatesThenWritesTheDocument) {
-  host_.SetReportDir((root_ / "reports").string());
   Run([&](CWgglbcDlg& d) {
     Enter(d, "0.95", "0.75", "0.75", "1000");
     ui::act::Click(L(d, "  输出\n计算文件"));
@@ -387,14 +382,14 @@ void CheckLayout(ui::Dialog& d) {
 TEST_F(WgglDialog, LayoutCaptionsFitAndControlsDoNotOverlap) {
   host_.SetDriver([](ui::Dialog& d) { CheckLayout(d); });
   {
-    kestra::shell::ModuleResourceScope resources;
-    CWgglbcDlg main_dlg(nullptr);
+    kestra::shell::ModuleScope scope(module_.context());
+    CWgglbcDlg main_dlg(module_.context());
     EXPECT_EQ(main_dlg.DoModal(), ui::IDCANCEL);
     CWGGADDDLG(0.75, 0.75, 0, 0).DoModal();
     CWGGSYYN(0, 0).DoModal();
-    CWGGSMDLD(nullptr).DoModal();
+    CWGGSMDLD(nullptr, (root_ / "Image/Wgglbc.RTF").string()).DoModal();
   }
-  const std::string shown = transcript_.str();
+  const std::string shown = module_.transcript();
   EXPECT_EQ(std::count(shown.begin(), shown.end(), '\n'), 8) << shown;  // four opened, four closed
 }
 

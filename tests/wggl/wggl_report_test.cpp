@@ -9,9 +9,10 @@
 namespace {
 using kestra::report::BlockKind;
 using namespace kestra::wggl;
+namespace report = kestra::report;
 
-WgglReportValues Example() {
-  WgglReportValues v;
+WgglInputs Example() {
+  WgglInputs v;
   v.cos_phi1 = 0.75;
   v.cos_phi2 = 0.95;
   v.alpha = 0.75;
@@ -20,18 +21,21 @@ WgglReportValues Example() {
   v.alpha_p = 0.75;
   v.beta_q = 0.75;
   v.q_js = 0;  // gives cosφ1 = 1: does not match 0.75, so no derivation
+  v.count_capacitors = true;
   v.rating = 30;
-  v.count = 14;
-  v.actual_capacity = 420;
   return v;
 }
 
-std::string Derivation(const WgglReportValues& v) { return BuildWgglReport(v)[6].text; }
+report::Blocks Report(const WgglInputs& v) {
+  const WgglResults r = Calculate(v);
+  return BuildWgglReport(r, r.bank);
+}
+std::string Derivation(const WgglInputs& v) { return Report(v)[6].text; }
 // Block 7 begins with the qc line when cosφ1 is not derived.
-bool Derives(const WgglReportValues& v) { return Derivation(v).rfind("\t补偿系数 qc=", 0) != 0; }
+bool Derives(const WgglInputs& v) { return Derivation(v).rfind("\t补偿系数 qc=", 0) != 0; }
 
 TEST(WgglReport, WorkedExampleBlocks) {
-  const auto b = BuildWgglReport(Example());
+  const auto b = Report(Example());
   const std::pair<BlockKind, std::string> want[] = {
       {BlockKind::Title, "无功功率补偿计算书"},
       {BlockKind::Heading, "计算依据"},
@@ -93,9 +97,19 @@ TEST(WgglReport, NegativeCapacityKeepsItsSignAndMissingCountsStayBlank) {
   EXPECT_NE(text.find("=0.75*-0.55*1000.00=-412.50kVar"), std::string::npos) << text;
   // No capacitor count since the dialog opened: the values are left blank as the dialog does.
   v.rating = 25;  // the loaded rating's integer part
-  v.count.reset();
-  v.actual_capacity.reset();
-  EXPECT_EQ(BuildWgglReport(v)[8].text, "\t单个电容器额定容量=25.00kVar\n\t实际补偿容量=\n\t并联电容器数量=");
+  v.count_capacitors = false;
+  EXPECT_EQ(Report(v)[8].text, "\t单个电容器额定容量=25.00kVar\n\t实际补偿容量=kVar\n\t并联电容器数量=");
+}
+
+// The line writes αqc Pjs and multiplies in that order: tanφ1 = 0.8/0.6 → 1.33, tanφ2 =
+// √0.19/0.9 = 0.4843 → 0.48, qc = 0.85; 0.7·0.85 = 0.595 (just below in binary), ·105 =
+// 62.4749… → 62.47, while the dialog's (0.7·105)·0.85 = 62.4750… shows 62.48.
+TEST(WgglReport, CompensationLineMultipliesAsItReads) {
+  WgglInputs v = Example();
+  v.cos_phi1 = 0.6, v.cos_phi2 = 0.9, v.alpha = 0.7, v.p_js = 105;
+  EXPECT_DOUBLE_EQ(Calculate(v).qc, 62.48);
+  const std::string text = Derivation(v);
+  EXPECT_EQ(text.substr(text.find("\n")), "\n\t计算补偿容量 Qc=αqc Pjs=0.70*0.85*105.00=62.47kVar") << text;
 }
 
 }  // namespace

@@ -2,17 +2,22 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <memory>
 #include <sstream>
 
 #include "host/core/host_session.h"
 #include "host/script/script_runner.h"
-#include "shell/module_state.h"
+#include "res/embedded.h"
+#include "shell/module_context.h"
 #include "ui/headless_host.h"
 #include "wggl/wggl_command.h"
 
 namespace fs = std::filesystem;
 
 namespace {
+
+// The module of the running test, for the command the session calls without arguments.
+const kestra::shell::ModuleContext* g_module = nullptr;
 
 class WgglScript : public ::testing::Test {
  protected:
@@ -21,11 +26,16 @@ class WgglScript : public ::testing::Test {
     ASSERT_NE(mkdtemp(tmpl), nullptr);
     root_ = tmpl;
     for (const char* d : {"bin", "Kestra", "Image"}) fs::create_directories(root_ / d);
-    kestra::shell::SetModulePathForTesting((root_ / "bin/OrvelKestra.so").string());
-    session_.AddCommand("OrvelKestra", "WGGL", &kestra::wggl::RunWgglCommand, 2);
+    module_ = std::make_unique<kestra::shell::ModuleContext>(&session_, &ui_, (root_ / "bin/OrvelKestra.so").string(),
+                                                             &kestra::res::ModuleResources());
+    g_module = module_.get();
+    session_.AddCommand("OrvelKestra", "WGGL", [] {
+      kestra::shell::ModuleScope scope(*g_module);
+      kestra::wggl::RunWgglCommand(*g_module);
+    }, 2);
   }
   void TearDown() override {
-    kestra::shell::SetModulePathForTesting({});
+    g_module = nullptr;
     fs::remove_all(root_);
   }
   int Run(const std::string& script) { return runner_.Run(script); }
@@ -35,6 +45,7 @@ class WgglScript : public ::testing::Test {
   ui::HeadlessHost ui_{out_};
   kestra::host::HostSession session_{ui_};
   kestra::script::ScriptRunner runner_{session_, ui_, out_, err_};
+  std::unique_ptr<kestra::shell::ModuleContext> module_;
 };
 
 TEST_F(WgglScript, WorkedExampleAndTheDesignSubDialog) {

@@ -1,11 +1,9 @@
 #pragma once
-// The resource-switch guard of the maker's library, carried by the module: for its life the
-// given instance's resources are the framework's current resources and the module's language
-// dictionary is the current one.
+// The module language of the maker's libraries: the dictionaries a language-switch service
+// hands out by module key, and the one current now. The module's resource switch (ModuleScope)
+// makes the module's dictionary current for a command.
 #include <string>
 #include <string_view>
-
-#include "shell/module_state.h"
 
 // A module language dictionary (texts by key); the language-switch service owns them.
 struct ZoDtDictionary {
@@ -24,26 +22,10 @@ class ZoLangSwitch {
 extern ZoLangSwitch* g_pQuendaLangSwitch;
 extern ZoDtDictionary* g_pCurModuleLang;
 
-class ZoUtPushResource {
- public:
-  // instance may be null (the extension record never came up): no resources are current then.
-  explicit ZoUtPushResource(const kestra::shell::ModuleInstance* instance);
-  ~ZoUtPushResource();
-  ZoUtPushResource(const ZoUtPushResource&) = delete;
-  ZoUtPushResource& operator=(const ZoUtPushResource&) = delete;
-
- private:
-  ZoDtDictionary* saved_lang_;
-};
-
 namespace kestra::shell {
 
 // The module language key of a module file: "D:\Prog\OrvelKestra18.arx" -> "ORVELKESTRA1".
 // Empty when the file name does not have that shape.
 std::string ModuleLanguageKey(std::string_view module_path);
-
-// The dictionary the guard caches for the module (null until found).
-ZoDtDictionary* CachedModuleDictionary();
-void ForgetModuleDictionaryForTesting();
 
 }  // namespace kestra::shell

@@ -1,14 +1,10 @@
-#include "shell/resource_guard.h"
-
-#include "ui/resource_script.h"
+#include "shell/module_language.h"
 
 ZoLangSwitch* g_pQuendaLangSwitch = nullptr;
 ZoDtDictionary* g_pCurModuleLang = nullptr;
 
 namespace kestra::shell {
 namespace {
-
-ZoDtDictionary* g_cached_dictionary = nullptr;
 
 bool IsSeparator(char c) { return c == '\\' || c == '/'; }
 
@@ -41,22 +37,4 @@ std::string ModuleLanguageKey(std::string_view module_path) {
   return s;
 }
 
-ZoDtDictionary* CachedModuleDictionary() { return g_cached_dictionary; }
-void ForgetModuleDictionaryForTesting() { g_cached_dictionary = nullptr; }
-
 }  // namespace kestra::shell
-
-ZoUtPushResource::ZoUtPushResource(const kestra::shell::ModuleInstance* instance) : saved_lang_(g_pCurModuleLang) {
-  ui::PushResources(instance ? kestra::shell::ResourcesOf(*instance) : nullptr);
-  using kestra::shell::g_cached_dictionary;
-  if (!g_cached_dictionary && g_pQuendaLangSwitch) {
-    std::string key = kestra::shell::ModuleLanguageKey(kestra::shell::ModulePath());
-    if (!key.empty()) g_cached_dictionary = g_pQuendaLangSwitch->GetModuleDictionary(key);
-  }
-  g_pCurModuleLang = g_cached_dictionary;
-}
-
-ZoUtPushResource::~ZoUtPushResource() {
-  ui::PopResources();
-  g_pCurModuleLang = saved_lang_;
-}
