@@ -77,8 +77,14 @@ class CADODatabase {
 
   kestra::tabledb::Engine& engine();  // throws CADOException when not open
 
+  // Told every query text a recordset opens on this connection, as written and before it
+  // runs (tests record what a form asks). An empty function removes the observer.
+  void SetQueryObserver(std::function<void(const std::string&)> observer) { query_observer_ = std::move(observer); }
+
  private:
+  friend class CADORecordset;
   std::unique_ptr<kestra::tabledb::Engine> engine_;
+  std::function<void(const std::string&)> query_observer_;
 };
 
 class CADORecordset {

@@ -28,6 +28,7 @@ bool Step(sqlite3_stmt* st) {
 bool CADORecordset::Open(const std::string& query, int) {
   Close();
   if (!db_) throw CADOException("the catalogue database is not open");
+  if (db_->query_observer_) db_->query_observer_(query);
   auto impl = std::make_unique<Impl>();
   impl->st = db_->engine().Prepare(query);
   impl->eof = !Step(impl->st);
