@@ -6,7 +6,6 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <filesystem>
 
 #include "services/report/report_errors.h"
@@ -15,7 +14,7 @@ namespace kestra::report {
 namespace {
 
 [[noreturn]] void Fail(int err, const std::string& what, const std::string& path) {
-  throw COleException(HresultFromErrno(err), what + " " + path + ": " + std::strerror(err));
+  throw COleException(HresultFromErrno(err), FileErrorText(what, path, err));
 }
 
 std::string FolderOf(const std::string& path) {

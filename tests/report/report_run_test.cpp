@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <cerrno>
+#include <cstring>
+
 #include "services/report/report_errors.h"
 #include "services/report/report_run.h"
 #include "tests/report/report_folder_test.h"
@@ -78,6 +81,12 @@ TEST_F(RunReportTest, NoPathNoFolderOrAReadOnlyFolderMeansWordCouldNotStart) {
                                                  "创建Word实例失败!"}));
   EXPECT_EQ(Files(), std::vector<std::string>{"plain-file"});
   EXPECT_TRUE(target_.shown.empty());
+  // No path has no cause to tell; each folder that takes no file is named with the reason.
+  ASSERT_EQ(target_.causes.size(), 4u);  // the last path twice
+  for (std::size_t i = 0; i < 4; ++i) {
+    const std::string& folder = fs::path(*paths[std::min<std::size_t>(i + 1, 3)]).parent_path().string();
+    EXPECT_NE(target_.causes[i].find(folder + "/"), std::string::npos) << target_.causes[i];
+  }
   if (ro != "/proc") {
     fs::permissions(ro, fs::perms::owner_all);
     EXPECT_TRUE(fs::is_empty(ro));
@@ -95,7 +104,13 @@ TEST_F(RunReportTest, NeverWritesOverAnExistingFile) {
     kestra::report::testing::WriteSampleReport(w);
     std::ofstream(*target_.path) << "the designer's own file";
   }));
-  EXPECT_EQ(messages_.back(), "COleException. SCODE: 80070011.");  // EEXIST
+  EXPECT_EQ(messages_.back(), "COleException. SCODE: 80070050.");  // ERROR_FILE_EXISTS (80)
+  // The cause beside the message: which file, and the system's words.
+  ASSERT_EQ(target_.causes.size(), 2u);
+  for (const std::string& cause : target_.causes) {
+    EXPECT_NE(cause.find(*target_.path), std::string::npos) << cause;
+    EXPECT_NE(cause.find(std::strerror(EEXIST)), std::string::npos) << cause;
+  }
   EXPECT_EQ(ReadAll(*target_.path), "the designer's own file");
   EXPECT_EQ(Files(), std::vector<std::string>{"报告.docx"});
   EXPECT_TRUE(target_.shown.empty());
@@ -138,6 +153,19 @@ TEST_F(RunReportTest, FailuresInTheBodyLeaveNoFileAndSayWhatHappened) {
   EXPECT_TRUE(Files().empty());
   EXPECT_TRUE(target_.shown.empty());
   EXPECT_TRUE(Write(diesel_fail_at(2)));
+}
+
+// The status code says what the system said, in Windows' numbers (winerror.h); a full disk is
+// ERROR_DISK_FULL (112), never the number the errno happens to have (28, ERROR_OUT_OF_PAPER).
+TEST(ReportErrors, FileErrorsKeepTheirMeaning) {
+  const std::pair<int, const char*> cases[] = {
+      {ENOSPC, "80070070"}, {EDQUOT, "8007050f"}, {EACCES, "80070005"}, {EROFS, "80070013"},
+      {EEXIST, "80070050"}, {ENOENT, "80070003"}, {EFBIG, "800700df"}, {ENOTSOCK, "80004005"},
+  };
+  for (const auto& [err, code] : cases) {
+    const COleException e(kestra::report::HresultFromErrno(err), "x");
+    EXPECT_EQ(kestra::report::OleExceptionMessage(e), std::string("COleException. SCODE: ") + code + ".") << err;
+  }
 }
 
 TEST_F(RunReportTest, UniqueReportPathsAreReadableAndFree) {
