@@ -67,22 +67,6 @@ class Fuzz : public ::testing::Test {
     s << in.rdbuf();
     return s.str();
   }
-  // Well-formed UTF-8 by the standard's table (no overlongs, no surrogates, nothing above U+10FFFF).
-  static bool WellFormed(std::string_view s) {
-    for (std::size_t i = 0; i < s.size();) {
-      const auto b = static_cast<unsigned char>(s[i]);
-      std::size_t n = b < 0x80 ? 1 : b >= 0xC2 && b <= 0xDF ? 2 : b >= 0xE0 && b <= 0xEF ? 3 : b >= 0xF0 && b <= 0xF4 ? 4 : 0;
-      if (n == 0 || i + n > s.size()) return false;
-      for (std::size_t k = 1; k < n; ++k)
-        if ((static_cast<unsigned char>(s[i + k]) & 0xC0) != 0x80) return false;
-      const auto b1 = static_cast<unsigned char>(s[i + 1 < s.size() ? i + 1 : i]);
-      if ((b == 0xE0 && b1 < 0xA0) || (b == 0xED && b1 >= 0xA0) || (b == 0xF0 && b1 < 0x90) || (b == 0xF4 && b1 >= 0x90))
-        return false;
-      i += n;
-    }
-    return true;
-  }
-
   std::mt19937_64 rng_{static_cast<std::uint64_t>(EnvNumber("KESTRA_FUZZ_SEED", 20261122))};
 };
 
@@ -183,7 +167,7 @@ TEST_F(Fuzz, RichText) {
     const auto doc = ui::ReadRtf(rtf);
     if (!doc) continue;
     const std::string text = doc->PlainText();
-    ASSERT_TRUE(WellFormed(text)) << rtf.substr(0, 200);
+    ASSERT_TRUE(kestra::idp::IsValidUtf8(text)) << rtf.substr(0, 200);
     ASSERT_EQ(text.find('\0'), std::string::npos) << rtf.substr(0, 200);
   }
 }
