@@ -19,7 +19,7 @@ inline constexpr int IDD_DJQD_PAGE2 = 20291;    // CDjqdPage2dlg "电抗器降�
 inline constexpr int IDD_DJQD_QUERY = 20292;    // CDjqdQueryDlg, catalogue pick dialog
 inline constexpr int IDD_DJQD_TESTZJ = 20293;   // CTestzjDlg "校验机械起动转矩"
 inline constexpr int IDD_DJQD_ZHJ = 20294;      // CZhjDlg "电机静阻转矩相对值"
-inline constexpr int IDD_DJQD_PAGE3 = 20295;    // CDjqdPage3dlg "降压起动方式下自耦变压器变压比计算"
+inline constexpr int IDD_DJQD_PAGE3 = 20283;    // CDjqdPage3dlg "降压起动方式下自耦变压器变压比计算"
 
 // CDjqdCalDlg
 inline constexpr int IDC_DJQD_CALC = 20327;         // "计算"

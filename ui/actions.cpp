@@ -1,5 +1,8 @@
 #include "ui/actions.h"
 
+#include <string>
+#include <vector>
+
 #include "ui/property_sheet.h"
 
 namespace ui {
@@ -152,10 +155,20 @@ Control* UpDownOf(Control& edit) {
   return nullptr;
 }
 
+// What a spin step can change: the texts of the dialog's controls and the up-down's position.
+std::vector<std::string> SpinState(const Control& ud) {
+  std::vector<std::string> state{std::to_string(ud.GetPos())};
+  for (const auto& k : ud.owner()->controls()) state.push_back(k->GetWindowText());
+  return state;
+}
+
 void Spin(Control& c, bool up, int count) {
   Control* ud = c.kind() == Kind::UpDown ? &c : UpDownOf(c);
   if (!ud) throw ActionError("control " + std::to_string(c.id()) + " has no up-down control");
   MustBeUsable(*ud);
+  // A value at its limit stays there: once a step changes nothing, neither would the rest,
+  // so a count of a billion ends as soon as the value does.
+  std::vector<std::string> before = SpinState(*ud);
   for (int i = 0; i < count; ++i) {
     // The up arrow moves towards the upper end of the range; the default range runs
     // from 100 down to 0, so there the proposed change is -1.
@@ -164,6 +177,9 @@ void Spin(Control& c, bool up, int count) {
     ud->SetPos(ud->GetPos() + delta);
     if (ud->set_buddy_int())
       if (Control* buddy = ud->owner()->GetDlgItem(ud->buddy_id())) buddy->SetWindowText(std::to_string(ud->GetPos()));
+    std::vector<std::string> after = SpinState(*ud);
+    if (after == before) break;
+    before = std::move(after);
   }
 }
 

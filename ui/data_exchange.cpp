@@ -1,43 +1,45 @@
 #include "ui/data_exchange.h"
 
-#include <cstdlib>
+#include <climits>
 
 #include "services/text/number_text.h"
 #include "ui/dialog.h"
 
 namespace ui {
-namespace {
 
-std::size_t SkipSpaces(const std::string& s, std::size_t i) {
-  while (i < s.size() && (s[i] == ' ' || s[i] == '\t')) ++i;
-  return i;
-}
-
-}  // namespace
-
-// The framework's reading: blanks, a number, blanks, nothing else. A result of 0 counts
-// only when the text starts with the digit 0, so "", ".0" and "-0" are refused as well.
+// The framework's reading: blanks, a number, blanks, nothing else (blanks as the number
+// conversions skip them). A result of 0 counts only when the text starts with the digit 0, so
+// "", ".0" and "-0" are refused as well, and so is a number beyond the range of a double,
+// which reads as no number.
 bool ParseWholeReal(const std::string& text, double* out) {
-  std::size_t i = SkipSpaces(text, 0);
+  using kestra::text::BlanksAt;
+  std::size_t i = BlanksAt(text);
   char first = i < text.size() ? text[i] : '\0';
   std::size_t used = 0;
   double d = kestra::text::WcsToD(std::string_view(text).substr(i), &used);
   if (d == 0.0 && first != '0') return false;
-  i = SkipSpaces(text, i + used);
-  if (i != text.size()) return false;
+  i += used;
+  if (i + BlanksAt(text, i) != text.size()) return false;
   *out = d;
   return true;
 }
 
+// An integer beyond the range of int is refused rather than cut to some other number.
 bool ParseWholeInt(const std::string& text, int* out) {
-  std::size_t i = SkipSpaces(text, 0);
-  char first = i < text.size() ? text[i] : '\0';
-  std::string rest = text.substr(i);
-  char* end = nullptr;
-  long v = std::strtol(rest.c_str(), &end, 10);
-  if (v == 0 && first != '0') return false;
-  std::size_t j = SkipSpaces(rest, static_cast<std::size_t>(end - rest.c_str()));
-  if (j != rest.size()) return false;
+  using kestra::text::BlanksAt;
+  std::size_t i = BlanksAt(text);
+  std::size_t j = i;
+  if (j < text.size() && (text[j] == '+' || text[j] == '-')) ++j;
+  const std::size_t digits_from = j;
+  while (j < text.size() && text[j] >= '0' && text[j] <= '9') ++j;
+  if (j == digits_from || j + BlanksAt(text, j) != text.size()) return false;
+  long long v = 0;
+  for (std::size_t k = digits_from; k < j; ++k) {
+    v = v * 10 + (text[k] - '0');
+    if (v > static_cast<long long>(INT_MAX) + 1) return false;
+  }
+  if (text[i] == '-') v = -v;
+  if (v > INT_MAX || (v == 0 && text[i] != '0')) return false;
   *out = static_cast<int>(v);
   return true;
 }

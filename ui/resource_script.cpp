@@ -1,6 +1,8 @@
 #include "ui/resource_script.h"
 
 #include <cctype>
+#include <cerrno>
+#include <climits>
 #include <cstdlib>
 
 namespace ui {
@@ -8,10 +10,27 @@ namespace {
 
 enum class Tok { End, Ident, Number, String, Punct };
 
+// Ids, coordinates and style bits are 32-bit values; a number beyond that range is no number
+// of a resource script.
+constexpr long long kLowest = -2147483648LL;
+constexpr long long kHighest = 4294967295LL;
+// Parentheses and signs nest far less deeply than this in any dialog template.
+constexpr int kMaxNesting = 64;
+
+// A C number (decimal, 0x hexadecimal or 0 octal) within the range above.
+bool ParseNumber(const std::string& text, long long* out) {
+  errno = 0;
+  char* end = nullptr;
+  const long long v = std::strtoll(text.c_str(), &end, 0);
+  if (end == text.c_str() || *end != '\0' || errno == ERANGE || v < kLowest || v > kHighest) return false;
+  *out = v;
+  return true;
+}
+
 struct Token {
   Tok type = Tok::End;
   std::string text;
-  long number = 0;
+  long long number = 0;
   int line = 0;
 };
 
@@ -36,9 +55,7 @@ class Lexer {
       std::string num(s_.substr(start, i_ - start));
       while (!num.empty() && (num.back() == 'L' || num.back() == 'l' || num.back() == 'U' || num.back() == 'u'))
         num.pop_back();
-      char* end = nullptr;
-      t.number = std::strtol(num.c_str(), &end, 0);
-      if (end == num.c_str() || *end != '\0') Fail("bad number '" + num + "'");
+      if (!ParseNumber(num, &t.number)) Fail("bad number '" + num + "'");
       t.type = Tok::Number;
       t.text = num;
       return t;
@@ -196,7 +213,7 @@ class ResourceParser {
     // #include, #pragma and the rest carry nothing for us.
   }
 
-  long ValueOf(const std::string& v) {
+  long long ValueOf(const std::string& v) {
     std::string s = v;
     bool neg = false;
     if (!s.empty() && s[0] == '-') {
@@ -204,16 +221,20 @@ class ResourceParser {
       s = s.substr(1);
     }
     if (!s.empty() && s.front() == '(' && s.back() == ')') s = s.substr(1, s.size() - 2);
-    char* end = nullptr;
-    long n = std::strtol(s.c_str(), &end, 0);
-    if (end != s.c_str() && (*end == '\0' || *end == 'L' || *end == 'l')) return neg ? -n : n;
+    std::string digits = s;
+    if (!digits.empty() && (digits.back() == 'L' || digits.back() == 'l')) digits.pop_back();
+    long long n = 0;
+    if (!digits.empty() && (std::isdigit(static_cast<unsigned char>(digits[0])) || digits[0] == '+')) {
+      if (!ParseNumber(digits, &n)) lex_.Fail("bad number '" + s + "'");
+      return neg ? -n : n;
+    }
     auto it = set_.symbols_.find(s);
     if (it == set_.symbols_.end()) lex_.Fail("unknown symbol '" + s + "'");
     return neg ? -it->second : it->second;
   }
 
-  long Symbol(const std::string& name) {
-    static const std::map<std::string, long> builtin = {
+  long long Symbol(const std::string& name) {
+    static const std::map<std::string, long long> builtin = {
         {"IDC_STATIC", -1}, {"IDOK", 1}, {"IDCANCEL", 2}, {"IDABORT", 3}, {"IDRETRY", 4},
         {"IDIGNORE", 5},    {"IDYES", 6}, {"IDNO", 7},     {"IDCLOSE", 8}, {"IDHELP", 9}};
     auto it = set_.symbols_.find(name);
@@ -223,43 +244,65 @@ class ResourceParser {
     lex_.Fail("unknown symbol '" + name + "'");
   }
 
-  // An id or coordinate: a number, a symbol, or a simple sum/difference of them.
-  long IntExpr() {
-    long v = IntTerm();
+  // An id or coordinate: a number, a symbol, or a simple sum/difference of them; the value
+  // and every partial sum must fit an int.
+  int IntExpr() {
+    long long v = IntTerm();
     while (IsPunct("+") || IsPunct("-")) {
       bool plus = IsPunct("+");
       Advance();
-      long t = IntTerm();
+      long long t = IntTerm();
       v = plus ? v + t : v - t;
+      InIntRange(v);
     }
-    return v;
+    return static_cast<int>(InIntRange(v));
   }
-  long IntTerm() {
+  long long IntTerm() {
+    Nesting nest(*this);
     if (IsPunct("-")) {
       Advance();
       return -IntTerm();
     }
     if (IsPunct("(")) {
       Advance();
-      long v = IntExpr();
+      long long v = IntExpr();
       Expect(")");
       return v;
     }
     if (cur_.type == Tok::Number) {
-      long v = cur_.number;
+      long long v = cur_.number;
       Advance();
       return v;
     }
     if (cur_.type == Tok::Ident) {
-      long v = Symbol(cur_.text);
+      long long v = Symbol(cur_.text);
       Advance();
       return v;
     }
     lex_.Fail("expected a number, found '" + cur_.text + "'");
   }
+  long long InIntRange(long long v) {
+    if (v < INT_MIN || v > INT_MAX) lex_.Fail("value " + std::to_string(v) + " out of range");
+    return v;
+  }
+
+  // Counts how deeply expressions nest, so that no input runs the parser out of stack.
+  class Nesting {
+   public:
+    explicit Nesting(ResourceParser& p) : p_(p) {
+      if (++p_.nesting_ > kMaxNesting) p_.lex_.Fail("expression nested too deeply");
+    }
+    ~Nesting() { --p_.nesting_; }
+    Nesting(const Nesting&) = delete;
+    Nesting& operator=(const Nesting&) = delete;
+
+   private:
+    ResourceParser& p_;
+  };
 
   // A style expression: names and numbers joined by '|', each possibly preceded by NOT.
   void StyleExpr(std::set<std::string>& names, std::set<std::string>* not_names, unsigned long& bits) {
+    Nesting nest(*this);
     while (true) {
       bool negate = false;
       if (IsIdent("NOT")) {
@@ -294,11 +337,14 @@ class ResourceParser {
   void TopLevel() {
     if (IsIdent("STRINGTABLE")) {
       Advance();
-      while (!IsIdent("BEGIN") && !IsPunct("{")) Advance();  // options
+      while (!IsIdent("BEGIN") && !IsPunct("{")) {  // options
+        if (cur_.type == Tok::End) lex_.Fail("STRINGTABLE without BEGIN");
+        Advance();
+      }
       Advance();
       while (!IsIdent("END") && !IsPunct("}")) {
         if (cur_.type == Tok::End) lex_.Fail("STRINGTABLE without END");
-        int id = static_cast<int>(IntExpr());
+        int id = IntExpr();
         SkipComma();
         set_.strings_[id] = String();
       }
@@ -319,7 +365,7 @@ class ResourceParser {
     if (cur_.type != Tok::Ident) lex_.Fail("expected a resource type after '" + name.text + "'");
     std::string type = cur_.text;
     Advance();
-    int id = name.type == Tok::Number ? static_cast<int>(name.number) : static_cast<int>(Symbol(name.text));
+    int id = static_cast<int>(InIntRange(name.type == Tok::Number ? name.number : Symbol(name.text)));
     if (type == "DIALOGEX" || type == "DIALOG") {
       Dialog(id, name.type == Tok::Ident ? name.text : std::string());
     } else if (type == "DLGINIT") {
@@ -339,13 +385,13 @@ class ResourceParser {
     DialogTemplate d;
     d.id = id;
     d.name = name;
-    d.x = static_cast<int>(IntExpr());
+    d.x = IntExpr();
     Expect(",");
-    d.y = static_cast<int>(IntExpr());
+    d.y = IntExpr();
     Expect(",");
-    d.cx = static_cast<int>(IntExpr());
+    d.cx = IntExpr();
     Expect(",");
-    d.cy = static_cast<int>(IntExpr());
+    d.cy = IntExpr();
     if (IsPunct(",")) {  // help id
       Advance();
       IntExpr();
@@ -367,7 +413,7 @@ class ResourceParser {
         d.caption = String();
       } else if (IsIdent("FONT")) {
         Advance();
-        d.font_points = static_cast<int>(IntExpr());
+        d.font_points = IntExpr();
         Expect(",");
         d.font_face = String();
         while (IsPunct(",")) {  // weight, italic, charset
@@ -411,13 +457,13 @@ class ResourceParser {
     c.kind = cur_.text;
     Advance();
     auto coords = [&]() {
-      c.x = static_cast<int>(IntExpr());
+      c.x = IntExpr();
       Expect(",");
-      c.y = static_cast<int>(IntExpr());
+      c.y = IntExpr();
       Expect(",");
-      c.cx = static_cast<int>(IntExpr());
+      c.cx = IntExpr();
       Expect(",");
-      c.cy = static_cast<int>(IntExpr());
+      c.cy = IntExpr();
     };
     auto optional_styles = [&]() {
       if (IsPunct(",")) {
@@ -434,20 +480,20 @@ class ResourceParser {
       c.styles.insert(t->second.second);
       c.text = String();
       SkipComma();
-      c.id = static_cast<int>(IntExpr());
+      c.id = IntExpr();
       Expect(",");
       coords();
       optional_styles();
     } else if (auto k = id_kinds.find(c.kind); k != id_kinds.end()) {
       c.class_name = k->second;
-      c.id = static_cast<int>(IntExpr());
+      c.id = IntExpr();
       Expect(",");
       coords();
       optional_styles();
     } else if (c.kind == "CONTROL") {
       c.text = String();
       Expect(",");
-      c.id = static_cast<int>(IntExpr());
+      c.id = IntExpr();
       Expect(",");
       c.class_name = String();
       Expect(",");
@@ -470,7 +516,7 @@ class ResourceParser {
     auto& items = set_.pending_items_[dialog_id];
     while (!IsIdent("END") && !IsPunct("}")) {
       if (cur_.type == Tok::End) lex_.Fail("DLGINIT without END");
-      int ctl = static_cast<int>(IntExpr());
+      int ctl = IntExpr();
       Expect(",");
       items[ctl].push_back(String());
     }
@@ -480,6 +526,7 @@ class ResourceParser {
   ResourceSet& set_;
   Lexer lex_;
   Token cur_;
+  int nesting_ = 0;
 };
 
 const ControlTemplate* DialogTemplate::Find(int control_id) const {

@@ -10,6 +10,8 @@
 #include <sstream>
 #include <vector>
 
+#include "services/text/data_path.h"
+
 namespace ui {
 namespace {
 
@@ -85,6 +87,11 @@ std::string DecodeCodePage(const std::string& bytes, const std::string& charset)
   return out;
 }
 
+constexpr std::uint32_t kReplacement = 0xFFFD;
+// Real pages nest groups a few levels deep; deeper groups share their parent's state rather
+// than each holding a copy of it.
+constexpr std::size_t kMaxGroupDepth = 256;
+
 bool IsAsciiLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
@@ -118,8 +125,20 @@ class Reader {
       const char c = s[i];
       if (c == '{') {
         Flush();
-        stack_.push_back(state_);
+        if (stack_.size() == kMaxGroupDepth) {
+          ++excess_depth_;
+        } else {
+          stack_.push_back(state_);
+        }
         group_start_ = true;
+        pending_skip_ = 0;
+        ++i;
+        continue;
+      }
+      if (c == '}' && excess_depth_ > 0) {
+        Flush();
+        --excess_depth_;
+        group_start_ = false;
         pending_skip_ = 0;
         ++i;
         continue;
@@ -296,23 +315,40 @@ class Reader {
   }
 
   void PutByte(unsigned char b) {
-    if (state_.skip) return;
+    if (state_.skip || b == 0) return;  // a NUL is no character of a page
     bytes_ += static_cast<char>(b);
   }
 
+  // A character above U+FFFF comes as two \uN, a high and a low surrogate. Either half without
+  // the other stands for no character and shows as U+FFFD; \u0 shows nothing.
   void PutUnicode(std::uint32_t u) {
     if (state_.skip) return;
     Flush();
-    if (u >= 0xD800 && u < 0xDC00) {
+    const bool high = u >= 0xD800 && u < 0xDC00;
+    const bool low = u >= 0xDC00 && u < 0xE000;
+    std::string t;
+    if (low && high_surrogate_) {
+      AppendUtf8(t, 0x10000 + ((high_surrogate_ - 0xD800) << 10) + (u - 0xDC00));
+      high_surrogate_ = 0;
+      AddText(t);
+      return;
+    }
+    EndSurrogate();
+    if (high) {
       high_surrogate_ = u;
       return;
     }
-    if (u >= 0xDC00 && u < 0xE000 && high_surrogate_) {
-      u = 0x10000 + ((high_surrogate_ - 0xD800) << 10) + (u - 0xDC00);
-    }
+    if (u == 0) return;
+    AppendUtf8(t, low ? kReplacement : u);
+    AddText(t);
+  }
+
+  // A high surrogate still waiting for its low half gets none: it shows as U+FFFD.
+  void EndSurrogate() {
+    if (!high_surrogate_) return;
     high_surrogate_ = 0;
     std::string t;
-    AppendUtf8(t, u);
+    AppendUtf8(t, kReplacement);
     AddText(t);
   }
 
@@ -332,6 +368,7 @@ class Reader {
 
   void AddText(const std::string& t) {
     if (t.empty()) return;
+    EndSurrogate();
     auto& runs = para_.runs;
     if (runs.empty() || !state_.chr.SameLook(runs.back())) {
       RichRun r;
@@ -354,6 +391,7 @@ class Reader {
   // A paragraph takes the paragraph properties in effect at its end; the last one of the
   // document counts only when it has text.
   void EndParagraph(bool forced) {
+    EndSurrogate();
     if (!forced && para_.runs.empty()) return;
     para_.align = state_.para.align;
     para_.first_indent_pt = state_.para.first_indent_pt;
@@ -371,6 +409,7 @@ class Reader {
   bool group_start_ = false;
   int pending_skip_ = 0;
   std::uint32_t high_surrogate_ = 0;
+  std::size_t excess_depth_ = 0;  // groups opened beyond kMaxGroupDepth, read as text of their parent
 };
 
 }  // namespace
@@ -378,6 +417,10 @@ class Reader {
 std::optional<RichDocument> ReadRtf(std::string_view rtf, std::string* error) { return Reader().Run(rtf, error); }
 
 std::optional<RichDocument> ReadRtfFile(const std::string& path, std::string* error) {
+  if (kestra::text::IsSpecialFile(path)) {
+    if (error) *error = "not a file: " + path;
+    return std::nullopt;
+  }
   std::ifstream in(path, std::ios::binary);
   if (!in) {
     if (error) *error = "cannot open " + path;

@@ -5,11 +5,14 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <string>
 #include <unistd.h>
 
 #include "services/tabledb/ado.h"
 #include "services/tabledb/catalog.h"
+#include "services/tabledb/engine.h"
+#include "services/tabledb/mdb_import.h"
 
 namespace {
 
@@ -86,16 +89,23 @@ void BM_ValueByThreeKeysWildcardScan(benchmark::State& state) {
                       " WHERE ￥型号 Like \"yjv-7%\" AND ￥截面 Like \"120%\" AND ￥芯数 Like \"13%\"");
 }
 
-void BM_ImportNodeAdodbSample(benchmark::State& state) {
+// A fetched sample file, or "" (and the benchmark skipped) when it cannot be had.
+std::string Sample(benchmark::State& state, const std::string& name) {
   const std::string dir = KESTRA_ACCESS_SAMPLES;
-  const std::string path = dir + "/node-adodb.mdb";
+  const std::string path = dir + "/" + name;
   if (!fs::exists(path)) {
     const std::string cmd = "sh '" KESTRA_SOURCE_DIR "/tests/tabledb/fetch_access_samples.sh' '" + dir + "'";
     if (std::system(cmd.c_str()) != 0 || !fs::exists(path)) {
-      state.SkipWithError("node-adodb.mdb could not be fetched (npm unreachable?)");
-      return;
+      state.SkipWithError((name + " could not be fetched (network unreachable?)").c_str());
+      return "";
     }
   }
+  return path;
+}
+
+void BM_ImportNodeAdodbSample(benchmark::State& state) {
+  const std::string path = Sample(state, "node-adodb.mdb");
+  if (path.empty()) return;
   for (auto _ : state) {
     CADODatabase db;
     db.Open(kestra::tabledb::ConnectionText(path));
@@ -104,10 +114,50 @@ void BM_ImportNodeAdodbSample(benchmark::State& state) {
   }
 }
 
+// Damaged Access files, from the open to the designer's message (at most 2 s): a file cut
+// inside a page, one whose pages the reading child gives up on, and a child that never finishes.
+void OpenDamaged(benchmark::State& state, const std::string& bytes) {
+  const fs::path file = fs::temp_directory_path() / ("kestra_damaged_" + std::to_string(::getpid()) + ".mdb");
+  std::ofstream(file, std::ios::binary) << bytes;
+  for (auto _ : state) {
+    try {
+      kestra::tabledb::Engine::Open(file.string());
+      state.SkipWithError("the damaged file was read");
+      break;
+    } catch (const CADOException&) {
+    }
+  }
+  fs::remove(file);
+}
+std::string SampleBytes(benchmark::State& state) {
+  const std::string path = Sample(state, "Monitor.mdb");
+  std::ifstream in(path, std::ios::binary);
+  return std::string(std::istreambuf_iterator<char>(in), {});
+}
+void BM_ImportCutFile(benchmark::State& state) {
+  const std::string bytes = SampleBytes(state);
+  if (!bytes.empty()) OpenDamaged(state, bytes.substr(0, 110000));
+}
+void BM_ImportGarbagePages(benchmark::State& state) {
+  OpenDamaged(state, std::string("\0\1\0\0Standard Jet DB", 19) + std::string(3 * 4096 - 19, 'x'));
+}
+void BM_ImportReaderThatNeverEnds(benchmark::State& state) {
+  const std::string bytes = SampleBytes(state);
+  if (bytes.empty()) return;
+  kestra::tabledb::testing::SetImportChildHook([] {
+    for (;;) ::pause();
+  });
+  OpenDamaged(state, bytes);
+  kestra::tabledb::testing::SetImportChildHook({});
+}
+
 BENCHMARK(BM_KeyValues)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_KeyValuesUnderAKey)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_ValueByThreeKeys)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_ValueByThreeKeysWildcardScan)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_ImportNodeAdodbSample)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_ImportCutFile)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_ImportGarbagePages)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_ImportReaderThatNeverEnds)->Unit(benchmark::kMillisecond)->Iterations(3);
 
 }  // namespace

@@ -115,9 +115,15 @@ ui::Size QtUiHost::TextExtent(const std::string& text, const ui::Font& font) {
 
 std::optional<std::string> QtUiHost::NewReportPath(std::string_view title) {
   std::string folder = report_folder_.empty() ? DefaultReportFolder() : report_folder_;
-  auto path = NewReportPathIn(folder, title, QDateTime::currentDateTime());
-  if (!path && status_) status_("无法在 " + folder + " 中建立计算书文件。");
+  std::string why;
+  auto path = NewReportPathIn(folder, title, QDateTime::currentDateTime(), &why);
+  if (!path) ShowFailureCause("cannot use the report folder " + folder + ": " + why);
   return path;
+}
+
+void QtUiHost::ShowFailureCause(const std::string& cause) {
+  UiHost::ShowFailureCause(cause);
+  if (status_) status_("计算书未写成: " + cause);
 }
 
 void QtUiHost::ShowReport(const std::string& path) {

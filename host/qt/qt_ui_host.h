@@ -28,6 +28,8 @@ class QtUiHost : public ui::UiHost {
   ui::Size TextExtent(const std::string& text, const ui::Font& font) override;
   std::optional<std::string> NewReportPath(std::string_view title) override;
   void ShowReport(const std::string& path) override;
+  // On standard error and in the status line.
+  void ShowFailureCause(const std::string& cause) override;
   std::string AppTitle() const override { return title_; }
   void Redraw(ui::Dialog& dlg) override;
 

@@ -1,5 +1,11 @@
 #include "host/qt/report_path.h"
 
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+
 #include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
@@ -14,11 +20,17 @@ std::string DefaultReportFolder() {
   return QDir(docs).filePath(QStringLiteral("OrvelKestra")).toStdString();
 }
 
-std::optional<std::string> NewReportPathIn(const std::string& folder, std::string_view title, const QDateTime& when) {
+std::optional<std::string> NewReportPathIn(const std::string& folder, std::string_view title, const QDateTime& when,
+                                           std::string* why) {
+  std::error_code ec;
+  std::filesystem::create_directories(folder, ec);
+  if (!ec && !std::filesystem::is_directory(folder, ec) && !ec) ec = std::make_error_code(std::errc::not_a_directory);
+  if (!ec && ::access(folder.c_str(), W_OK | X_OK) != 0) ec = std::error_code(errno, std::generic_category());
+  if (ec) {
+    if (why) *why = ec.message();
+    return std::nullopt;
+  }
   QDir dir(QString::fromStdString(folder));
-  if (!dir.mkpath(QStringLiteral("."))) return std::nullopt;
-  QFileInfo info(dir.absolutePath());
-  if (!info.isDir() || !info.isWritable()) return std::nullopt;
   // The same readable, unique name as every report of the product (title, date and time).
   const QDate d = when.date();
   const QTime t = when.time();

@@ -13,7 +13,9 @@ namespace kestra::qt {
 std::string DefaultReportFolder();
 
 // "<folder>/<title> <YYYY-MM-DD HHMMSS>.docx", with " (2)", " (3)", ... before the
-// extension when that name is taken. Creates the folder; nullopt when it cannot.
-std::optional<std::string> NewReportPathIn(const std::string& folder, std::string_view title, const QDateTime& when);
+// extension when that name is taken. Creates the folder; nullopt when it cannot, with the
+// system's reason in *why when given.
+std::optional<std::string> NewReportPathIn(const std::string& folder, std::string_view title, const QDateTime& when,
+                                           std::string* why = nullptr);
 
 }  // namespace kestra::qt

@@ -34,9 +34,14 @@ void SyncFolder(const std::string& folder) {
 
 ReadResult ReadWholeFile(const std::string& path, std::string& out, FileId* id) {
   out.clear();
-  int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-  if (fd < 0) return errno == ENOENT ? ReadResult::kMissing : ReadResult::kFailed;
+  // Only a regular file is read: opening a FIFO or a device waits for a writer or reads
+  // forever. The kind is checked before opening, and again on what was opened (without
+  // waiting), in case something else took the name in between.
   struct stat st;
+  if (::stat(path.c_str(), &st) != 0) return errno == ENOENT ? ReadResult::kMissing : ReadResult::kFailed;
+  if (!S_ISREG(st.st_mode)) return ReadResult::kFailed;
+  int fd = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  if (fd < 0) return errno == ENOENT ? ReadResult::kMissing : ReadResult::kFailed;
   if (::fstat(fd, &st) != 0 || !S_ISREG(st.st_mode)) {
     ::close(fd);
     return ReadResult::kFailed;

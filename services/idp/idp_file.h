@@ -15,7 +15,8 @@ struct FileId {
   std::uint64_t inode = 0;
 };
 
-// Reads the whole file into out (and its identity into id). kMissing when there is no such file.
+// Reads the whole file into out (and its identity into id). kMissing when there is no such file,
+// kFailed for anything that is not a regular file (a FIFO, a device, a folder).
 ReadResult ReadWholeFile(const std::string& path, std::string& out, FileId* id = nullptr);
 
 // Renames path to "<path>.unreadable-<YYYYmmdd-HHMMSS>[-N]" in the same folder, never over an

@@ -1,5 +1,7 @@
 #include "services/idp/idp_format.h"
 
+#include <vector>
+
 #include "services/idp/idp_node.h"
 #include "services/idp/idp_text.h"
 
@@ -17,19 +19,33 @@ bool Fail(std::string* error, std::size_t line_no, const char* what) {
   return false;
 }
 
-void FormatNode(const IdpNode& node, std::string& prefix, std::string& out) {
-  for (const auto& child : node.Children()) {
-    std::size_t keep = prefix.size();
+// Depth first, with a stack of its own rather than recursion.
+void FormatTree(const IdpNode& root, std::string& out) {
+  struct Frame {
+    const IdpNode* node;
+    std::size_t next;        // the next child to write
+    std::size_t prefix_end;  // the prefix's length before this node's name was added
+  };
+  std::string prefix;
+  std::vector<Frame> stack{{&root, 0, 0}};
+  while (!stack.empty()) {
+    Frame& f = stack.back();
+    if (f.next == f.node->Children().size()) {
+      prefix.resize(f.prefix_end);
+      stack.pop_back();
+      continue;
+    }
+    const IdpNode& child = *f.node->Children()[f.next++];
+    const std::size_t keep = prefix.size();
     if (!prefix.empty()) prefix += '\\';
-    prefix += child->Name();
-    if (child->HasValue()) {
+    prefix += child.Name();
+    if (child.HasValue()) {
       out += prefix;
       out += '=';
-      AppendEscaped(out, child->Text());
+      AppendEscaped(out, child.Text());
       out += '\n';
     }
-    FormatNode(*child, prefix, out);
-    prefix.resize(keep);
+    stack.push_back({&child, 0, keep});
   }
 }
 
@@ -57,6 +73,7 @@ bool ParseIdpText(std::string_view text, IdpNode& root, std::string* error) {
     std::size_t eq = line.find('=');
     if (eq == std::string_view::npos) return Fail(error, line_no, "缺少\"=\"");
     std::string_view key = line.substr(0, eq);
+    if (key.size() > kMaxKeyPathBytes) return Fail(error, line_no, "的键路径太长");
     std::size_t cut = key.rfind('\\');
     std::string_view folder = cut == std::string_view::npos ? std::string_view() : key.substr(0, cut);
     std::string_view leaf = cut == std::string_view::npos ? key : key.substr(cut + 1);
@@ -66,7 +83,9 @@ bool ParseIdpText(std::string_view text, IdpNode& root, std::string* error) {
       parent = last_parent;
     } else if (!folder.empty()) {
       std::size_t start = 0;
+      std::size_t depth = 1;  // the leaf
       while (true) {
+        if (++depth > kMaxKeyDepth) return Fail(error, line_no, "的键路径层次太多");
         std::size_t sep = folder.find('\\', start);
         std::string_view name = folder.substr(start, sep == std::string_view::npos ? sep : sep - start);
         if (!IsKeyName(name)) return Fail(error, line_no, "的键路径有空名称或控制字符");
@@ -90,8 +109,7 @@ std::string FormatIdpText(const IdpNode& root) {
   out.reserve(4096);
   out += kFileHeader;
   out += '\n';
-  std::string prefix;
-  FormatNode(root, prefix, out);
+  FormatTree(root, out);
   return out;
 }
 

@@ -7,6 +7,20 @@ constexpr std::size_t kIndexFrom = 12;
 
 IdpNode::IdpNode(std::string name) : name_(std::move(name)) {}
 
+// The subtree is taken apart with a list of its own, so that no chain of destructors as long
+// as the tree is deep runs on the stack.
+IdpNode::~IdpNode() {
+  index_.clear();
+  std::vector<std::unique_ptr<IdpNode>> pending = std::move(children_);
+  while (!pending.empty()) {
+    std::unique_ptr<IdpNode> node = std::move(pending.back());
+    pending.pop_back();
+    node->index_.clear();
+    for (auto& child : node->children_) pending.push_back(std::move(child));
+    node->children_.clear();
+  }
+}
+
 const IdpNode* IdpNode::Child(std::string_view name) const {
   if (!index_.empty()) {
     auto it = index_.find(name);

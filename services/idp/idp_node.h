@@ -11,6 +11,7 @@
 class IdpNode {
  public:
   explicit IdpNode(std::string name = {});
+  ~IdpNode();
   IdpNode(const IdpNode&) = delete;
   IdpNode& operator=(const IdpNode&) = delete;
 

@@ -72,13 +72,14 @@ bool IsKeyName(std::string_view name) {
 }
 
 std::optional<std::vector<std::string_view>> SplitKeyPath(std::string_view key_path) {
-  if (key_path.empty() || key_path.front() == ';' || !IsValidUtf8(key_path)) return std::nullopt;
+  if (key_path.empty() || key_path.size() > kMaxKeyPathBytes || key_path.front() == ';' || !IsValidUtf8(key_path))
+    return std::nullopt;
   std::vector<std::string_view> names;
   std::size_t start = 0;
   while (true) {
     std::size_t end = key_path.find('\\', start);
     std::string_view name = key_path.substr(start, end == std::string_view::npos ? end : end - start);
-    if (!IsKeyName(name)) return std::nullopt;
+    if (!IsKeyName(name) || names.size() == kMaxKeyDepth) return std::nullopt;
     names.push_back(name);
     if (end == std::string_view::npos) break;
     start = end + 1;

@@ -19,12 +19,18 @@ std::size_t Utf16Units(std::string_view s);
 // The stored length of a text: Utf16Units + 1, capped at the largest 16-bit value.
 short StoredLength(std::string_view text);
 
+// The largest key path a parameter file holds: the calculators' deepest keys have six names
+// and some fifty bytes. A file with a longer or deeper key is not one of ours (it counts as
+// unreadable), and such a key is never stored, so no tree grows deep enough to hurt.
+inline constexpr std::size_t kMaxKeyDepth = 32;
+inline constexpr std::size_t kMaxKeyPathBytes = 1024;
+
 // A name of a key path: not empty, no "\", "=" or control character.
 bool IsKeyName(std::string_view name);
 
 // Splits a key path at "\" into its names. Empty (nullopt) when a name is empty or holds "="
-// or a control character, when the path is not valid UTF-8, or when it begins with ";" (the
-// line would read as a comment).
+// or a control character, when the path is not valid UTF-8, when it begins with ";" (the
+// line would read as a comment), or when it is longer or deeper than the limits above.
 std::optional<std::vector<std::string_view>> SplitKeyPath(std::string_view key_path);
 
 // "\" -> "\\", line feed -> "\n", carriage return -> "\r", tab -> "\t"; the rest as it is.

@@ -11,8 +11,10 @@ namespace {
 // Writers racing for names in one folder take one each; past this many, something else is wrong.
 constexpr int kMaxNames = 10000;
 
+// The cause (what, which file, the system's words) travels with the exception to the report
+// target, which shows it beside the product's message.
 [[noreturn]] void Fail(std::error_code e, const std::string& what, const std::string& path) {
-  throw COleException(HresultFromErrno(e.value()), what + " " + path + ": " + e.message());
+  throw COleException(HresultFromErrno(e.value()), FileErrorText(what, path, e.value()));
 }
 
 }  // namespace

@@ -1,8 +1,9 @@
 #pragma once
 // The two failures of the document backend that the report guard reports with their own texts.
 // COleException: the document could not be stored (a file-system or zip error); its status code
-// is an HRESULT: 0x8007xxxx with the system's errno in the low 16 bits for a file-system error
-// (the way Windows wraps its own error numbers), 0x80004005 (E_FAIL) for a zip error.
+// is an HRESULT: 0x8007xxxx with the Windows error number that means the same as the system's
+// errno (a full disk is ERROR_DISK_FULL, 0x80070070), 0x80004005 (E_FAIL) for a zip error and for
+// an errno that has no Windows counterpart. Its what() says what failed, where and why.
 // COleDispatchException: the report asked the document for something it refuses, as Word does
 // (a style it does not have, an alignment out of range); the 16-bit code is Word's error number.
 #include <cstdint>
@@ -31,6 +32,9 @@ inline constexpr std::uint16_t kWordValueOutOfRange = 4608;  // "Value out of ra
 
 // The status code of a file-system error.
 std::uint32_t HresultFromErrno(int err);
+
+// "<what> <path>: <the system's text for err>", the cause of a COleException.
+std::string FileErrorText(const std::string& what, const std::string& path, int err);
 
 // "COleException. SCODE: %08lx."
 std::string OleExceptionMessage(const COleException& e);

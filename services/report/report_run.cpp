@@ -7,20 +7,34 @@
 #include "services/report/report_errors.h"
 
 namespace kestra::report {
+namespace {
+
+std::string OtherErrorMessage(const ReportWriter& writer, const ReportRunOptions& options) {
+  const bool early = options.header_failure_message && !writer.HeaderDone();
+  return early ? *options.header_failure_message : std::string(kOtherErrorMessage);
+}
+
+}  // namespace
 
 bool RunReport(ReportTarget& target, const std::function<void(const std::string& message)>& show_message,
                const std::function<void(ReportWriter&)>& body, const ReportRunOptions& options) {
+  // The product's message for the designer, with the cause told beside it when there is one.
+  const auto fail = [&](const std::string& message, const std::string& cause) {
+    if (!cause.empty()) target.ShowFailureCause(cause);
+    show_message(message);
+    return false;
+  };
   std::optional<NewFile> file;
+  std::string cause;
   try {
     if (const std::optional<std::string> path = target.NewReportPath(options.title)) file.emplace(*path);
-  } catch (...) {
+  } catch (const std::exception& e) {
     // A target that cannot give a path, or a folder that takes no file: the document cannot be
     // created, which is what the designer has always been told when Word could not be started.
+    cause = e.what();
+  } catch (...) {
   }
-  if (!file) {
-    show_message(options.open_failure_message);
-    return false;
-  }
+  if (!file) return fail(options.open_failure_message, cause);
 
   ReportWriter writer;
   try {
@@ -28,15 +42,13 @@ bool RunReport(ReportTarget& target, const std::function<void(const std::string&
     body(writer);
     file->Commit(DocxBytes(writer.Document(), options.created != 0 ? options.created : std::time(nullptr)));
   } catch (const COleDispatchException& e) {
-    show_message(OleDispatchExceptionMessage(e));
-    return false;
+    return fail(OleDispatchExceptionMessage(e), {});
   } catch (const COleException& e) {
-    show_message(OleExceptionMessage(e));
-    return false;
+    return fail(OleExceptionMessage(e), e.what());
+  } catch (const std::exception& e) {
+    return fail(OtherErrorMessage(writer, options), e.what());
   } catch (...) {
-    const bool early = options.header_failure_message && !writer.HeaderDone();
-    show_message(early ? *options.header_failure_message : std::string(kOtherErrorMessage));
-    return false;
+    return fail(OtherErrorMessage(writer, options), {});
   }
 
   try {

@@ -38,6 +38,8 @@ struct ReportRunOptions {
 // 3. target.ShowReport(path) (an exception from it shows "Catch All Other ERROR"; the report
 //    stays written); return true.
 // show_message gets the text only: the host shows it with its default caption and an OK button.
+// Before it, target.ShowFailureCause gets what the exception said (for a file: the path and the
+// system's text), when there is such a text.
 bool RunReport(ReportTarget& target, const std::function<void(const std::string& message)>& show_message,
                const std::function<void(ReportWriter&)>& body, const ReportRunOptions& options);
 

@@ -2,6 +2,7 @@
 
 #include <sys/stat.h>
 
+#include <iostream>
 #include <string>
 
 namespace kestra::report {
@@ -74,6 +75,10 @@ std::string UniqueReportPath(const std::string& dir, std::string_view title, std
   std::tm tm{};
   localtime_r(&time, &tm);
   return UniqueReportPath(dir, title, tm);
+}
+
+void ReportTarget::ShowFailureCause(const std::string& cause) {
+  std::cerr << "kestra: the report was not written: " << cause << std::endl;
 }
 
 }  // namespace kestra::report

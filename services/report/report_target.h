@@ -17,6 +17,10 @@ class ReportTarget {
   virtual std::optional<std::string> NewReportPath(std::string_view title) = 0;
   // Shows the written report to the designer.
   virtual void ShowReport(const std::string& path) = 0;
+  // Why a report failed ("cannot write <path>: No space left on device"), told beside the
+  // product's own message, which names no cause. By default on standard error; a window host
+  // shows it in its status line as well.
+  virtual void ShowFailureCause(const std::string& cause);
 };
 
 // "<dir>/<title> YYYY-MM-DD HHMMSS.docx" for a report written at `local_time`; when a file of

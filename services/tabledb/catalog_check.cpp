@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <string_view>
 
 #include "services/tabledb/ado.h"
 #include "services/tabledb/catalog.h"
@@ -39,7 +40,8 @@ void CheckNumeric(tabledb::Engine& e, const std::string& table, const std::strin
     return;
   }
   int row = 0;
-  while (sqlite3_step(st) == SQLITE_ROW) {
+  int rc = SQLITE_ROW;
+  while ((rc = sqlite3_step(st)) == SQLITE_ROW) {
     ++row;
     sqlite3_value* v = sqlite3_column_value(st, 0);
     const int type = sqlite3_value_type(v);
@@ -48,10 +50,60 @@ void CheckNumeric(tabledb::Engine& e, const std::string& table, const std::strin
     if (!IsNumberText(text)) {
       p.push_back("table \"" + table + "\", column \"" + column + "\", row " + std::to_string(row) + ": \"" + text +
                   "\" is not a number");
+      rc = SQLITE_DONE;
       break;  // one example per column is enough to act on
     }
   }
+  if (rc != SQLITE_DONE) {
+    p.push_back("table \"" + table + "\": cannot read column \"" + column + "\" after row " + std::to_string(row) +
+                ": " + sqlite3_errmsg(e.db()));
+  }
   sqlite3_finalize(st);
+}
+
+// The lines of an integrity check other than "ok"; its own failure counts as one.
+std::vector<std::string> IntegrityFindings(sqlite3* db, const std::string& pragma) {
+  std::vector<std::string> found;
+  sqlite3_stmt* st = nullptr;
+  int rc = sqlite3_prepare_v2(db, pragma.c_str(), -1, &st, nullptr);
+  if (rc == SQLITE_OK) {
+    while ((rc = sqlite3_step(st)) == SQLITE_ROW) {
+      const auto* line = reinterpret_cast<const char*>(sqlite3_column_text(st, 0));
+      if (line && std::string_view(line) != "ok") found.emplace_back(line);
+    }
+  }
+  if (rc != SQLITE_DONE) found.emplace_back(sqlite3_errmsg(db));
+  sqlite3_finalize(st);
+  return found;
+}
+
+// SQLite's own integrity check, on a connection of its own (the catalogue engine admits
+// nothing but reads), once for the file and, when that finds damage, for each table with its
+// indexes so that the damaged ones are named. An Access catalogue was read whole on import.
+void CheckIntegrity(const std::string& file, tabledb::Engine& e, Problems& p) {
+  if (tabledb::DetectFileKind(file) != tabledb::FileKind::Sqlite) return;
+  const std::string name = file.rfind("file:", 0) == 0 ? "./" + file : file;
+  sqlite3* raw = nullptr;
+  const int rc = sqlite3_open_v2(name.c_str(), &raw, SQLITE_OPEN_READONLY, nullptr);
+  std::unique_ptr<sqlite3, int (*)(sqlite3*)> db(raw, sqlite3_close_v2);
+  if (rc != SQLITE_OK) {
+    p.push_back("cannot check the file: " + std::string(raw ? sqlite3_errmsg(raw) : "out of memory"));
+    return;
+  }
+  const auto whole = IntegrityFindings(db.get(), "PRAGMA integrity_check");
+  if (whole.empty()) return;
+  bool named = false;
+  for (auto& [t, type] : e.TableDefs()) {
+    if (type != "TABLE") continue;
+    std::string literal = "'";
+    for (char c : t) literal += c == '\'' ? std::string("''") : std::string(1, c);
+    const auto found = IntegrityFindings(db.get(), "PRAGMA integrity_check(" + literal + "')");
+    if (found.empty()) continue;
+    named = true;
+    p.push_back("table \"" + t + "\" is damaged: " + found.front() +
+                (found.size() > 1 ? " (and " + std::to_string(found.size() - 1) + " more findings)" : ""));
+  }
+  if (!named) p.push_back("the catalogue file is damaged: " + whole.front());
 }
 
 bool FindTable(tabledb::Engine& e, const std::string& name) {
@@ -109,6 +161,7 @@ std::vector<std::string> CheckCatalogue(const std::string& file, const std::stri
   } catch (const CADOException& ex) {
     return {ex.what()};
   }
+  CheckIntegrity(file, *e, p);
   if (kind == "line") {
     CheckLine(*e, p);
   } else if (kind == "motor") {

@@ -14,6 +14,7 @@
 namespace kestra::tabledb {
 
 FileKind DetectFileKind(const std::string& path) {
+  if (kestra::text::IsSpecialFile(path)) return FileKind::Other;  // never opened: it could block
   std::ifstream in(path, std::ios::binary);
   if (!in) {
     std::ifstream probe(path);
@@ -147,12 +148,15 @@ std::optional<std::vector<ColumnDef>> Engine::Columns(const std::string& table) 
   }
   sqlite3_bind_text(st, 1, table.c_str(), -1, SQLITE_TRANSIENT);
   std::vector<ColumnDef> cols;
-  while (sqlite3_step(st) == SQLITE_ROW) {
+  int rc;
+  while ((rc = sqlite3_step(st)) == SQLITE_ROW) {
     const auto* n = reinterpret_cast<const char*>(sqlite3_column_text(st, 0));
     const auto* t = reinterpret_cast<const char*>(sqlite3_column_text(st, 1));
     cols.push_back({n ? n : "", t ? t : ""});
   }
+  const std::string error = rc == SQLITE_DONE ? std::string() : EngineMessage(db_);
   sqlite3_finalize(st);
+  if (!error.empty()) Fail("cannot read the columns of " + table + " in " + path_ + ": " + error);
   // Which columns lead an index in binary order (the distinct-value lists walk those).
   const char* sql =
       "SELECT x.name FROM pragma_index_list(?1) AS l, pragma_index_xinfo(l.name) AS x "

@@ -3,7 +3,19 @@
 #include <mdbtools.h>
 #include <sqlite3.h>
 
+#include <fcntl.h>
+#include <poll.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
 #include <charconv>
+#include <chrono>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <functional>
 #include <clocale>
 #include <cstdlib>
 #include <locale.h>
@@ -18,6 +30,14 @@
 namespace kestra::tabledb {
 
 namespace {
+
+std::function<void()> g_child_hook;
+
+// Limits of one import (see ImportAccessFile): a catalogue of a few hundred kilobytes is read
+// in a small fraction of a second, even with the sanitizers of the test build.
+constexpr double kImportSeconds = 1.5;
+constexpr double kImportBytesPerSecond = 4e6;
+constexpr long long kImportMemory = 512LL << 20;
 
 // libmdb prints numbers with printf: keep the decimal point a point whatever the host's locale.
 class CNumericLocale {
@@ -174,24 +194,28 @@ double SingleCellValue(double as_read) {
   return kestra::text::WcsToD(std::string_view(text, static_cast<std::size_t>(res.ptr - text)));
 }
 
-void ImportAccessFile(const std::string& path, sqlite3* db) {
+namespace {
+
+[[noreturn]] void Damaged(const std::string& path) {
+  throw CADOException("cannot read the Access catalogue " + path + ": the file is damaged or cut short");
+}
+
+void ImportHere(const std::string& path, sqlite3* db) {
   CNumericLocale c_numbers;
   // Access 97 catalogues of this product hold GBK texts; later versions are Unicode anyway.
   setenv("MDB_JET3_CHARSET", "CP936", 0);
   std::unique_ptr<MdbHandle, MdbCloser> mdb(mdb_open(path.c_str(), MDB_NOFLAGS));
-  if (!mdb) throw CADOException("cannot read the Access catalogue " + path);
+  if (!mdb) Damaged(path);
   mdb_set_date_fmt(mdb.get(), "%Y-%m-%d %H:%M:%S");
   mdb_set_boolean_fmt_numbers(mdb.get());
-  if (!mdb_read_catalog(mdb.get(), MDB_TABLE)) {
-    throw CADOException("cannot read the table list of the Access catalogue " + path);
-  }
+  if (!mdb_read_catalog(mdb.get(), MDB_TABLE)) Damaged(path);
   Exec(db, "BEGIN", path);
   try {
     for (unsigned i = 0; i < mdb->num_catalog; ++i) {
       auto* entry = static_cast<MdbCatalogEntry*>(g_ptr_array_index(mdb->catalog, i));
       if (entry->object_type != MDB_TABLE || !mdb_is_user_table(entry)) continue;
       std::unique_ptr<MdbTableDef, TableCloser> table(mdb_read_table(entry));
-      if (!table) throw CADOException("cannot read table " + std::string(entry->object_name) + " of " + path);
+      if (!table) Damaged(path);
       ImportTable(table.get(), db, path);
     }
     Exec(db, "COMMIT", path);
@@ -200,5 +224,143 @@ void ImportAccessFile(const std::string& path, sqlite3* db) {
     throw;
   }
 }
+
+// What can be checked before the library reads the file: Access files consist of whole pages
+// (2048 bytes for Jet 3, 4096 for later versions), and a catalogue has more than its header page.
+// A file cut anywhere else is refused at once.
+void CheckPages(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  char head[0x15] = {};
+  in.read(head, sizeof head);
+  if (in.gcount() != static_cast<std::streamsize>(sizeof head)) Damaged(path);
+  in.seekg(0, std::ios::end);
+  const auto size = static_cast<long long>(in.tellg());
+  const long long page = head[0x14] == 0 ? 2048 : 4096;
+  if (size < 2 * page || size % page != 0) Damaged(path);
+}
+
+long long PageCount(sqlite3* db) {
+  sqlite3_stmt* st = nullptr;
+  long long pages = -1;
+  if (sqlite3_prepare_v2(db, "PRAGMA page_count", -1, &st, nullptr) == SQLITE_OK && sqlite3_step(st) == SQLITE_ROW)
+    pages = sqlite3_column_int64(st, 0);
+  sqlite3_finalize(st);
+  return pages;
+}
+
+// Resident memory of a process in bytes (0 when it cannot be read).
+long long ResidentBytes(pid_t pid) {
+  std::ifstream statm("/proc/" + std::to_string(pid) + "/statm");
+  long long pages_total = 0, pages_resident = 0;
+  statm >> pages_total >> pages_resident;
+  return pages_resident * ::sysconf(_SC_PAGESIZE);
+}
+
+// The child's side: the import into an in-memory database of its own, sent whole (SQLite's
+// serialised form) through the pipe after a 'D', or the error after an 'E'. The library's own
+// diagnostics go nowhere.
+[[noreturn]] void ImportInChild(const std::string& path, int out) {
+  const int null = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
+  if (null >= 0) {
+    ::dup2(null, STDOUT_FILENO);
+    ::dup2(null, STDERR_FILENO);
+  }
+  std::string reply;
+  sqlite3* db = nullptr;
+  try {
+    if (sqlite3_open_v2(":memory:", &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr) != SQLITE_OK)
+      throw CADOException("cannot import the Access catalogue " + path + ": out of memory");
+    if (g_child_hook) g_child_hook();
+    ImportHere(path, db);
+    reply = "D";
+    sqlite3_int64 size = 0;
+    if (unsigned char* bytes = sqlite3_serialize(db, "main", &size, 0)) {
+      reply.append(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(size));
+      sqlite3_free(bytes);
+    } else if (PageCount(db) != 0) {  // a file without tables has no image; anything else: no memory
+      throw CADOException("cannot import the Access catalogue " + path + ": out of memory");
+    }
+  } catch (const std::exception& e) {
+    reply = std::string("E") + e.what();
+  }
+  for (std::size_t done = 0; done < reply.size();) {
+    const ssize_t n = ::write(out, reply.data() + done, reply.size() - done);
+    if (n < 0 && errno == EINTR) continue;
+    if (n <= 0) break;
+    done += static_cast<std::size_t>(n);
+  }
+  ::_exit(0);
+}
+
+}  // namespace
+
+// The library trusts the file it reads: a damaged one can make it loop, eat memory by the
+// gigabyte and print warnings without end. So the file is read in a child process that has
+// kImportSeconds (more for a large file) and kImportMemory of memory beyond what it started
+// with; past either it is stopped and the designer gets one message. The child hands back the
+// finished SQLite database.
+void ImportAccessFile(const std::string& path, sqlite3* db) {
+  CheckPages(path);
+  std::error_code ec;
+  const auto file_size = static_cast<double>(std::filesystem::file_size(path, ec));
+  const double seconds = kImportSeconds + (ec ? 0.0 : file_size / kImportBytesPerSecond);
+  int fds[2];
+  if (::pipe2(fds, O_CLOEXEC) != 0) throw CADOException("cannot import the Access catalogue " + path + ": " + std::strerror(errno));
+  const long long memory_at_start = ResidentBytes(::getpid());
+  const pid_t pid = ::fork();
+  if (pid < 0) {
+    const int err = errno;
+    ::close(fds[0]);
+    ::close(fds[1]);
+    throw CADOException("cannot import the Access catalogue " + path + ": " + std::strerror(err));
+  }
+  if (pid == 0) {
+    ::close(fds[0]);
+    ImportInChild(path, fds[1]);
+  }
+  ::close(fds[1]);
+
+  std::string reply;
+  bool stopped = false;
+  const auto start = std::chrono::steady_clock::now();
+  char buf[65536];
+  while (true) {
+    const double elapsed = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    if (elapsed > seconds || ResidentBytes(pid) > memory_at_start + kImportMemory) {
+      stopped = true;
+      break;
+    }
+    pollfd pfd{fds[0], POLLIN, 0};
+    const int ready = ::poll(&pfd, 1, 20);
+    if (ready < 0 && errno != EINTR) break;
+    if (ready <= 0) continue;
+    const ssize_t n = ::read(fds[0], buf, sizeof buf);
+    if (n < 0 && errno == EINTR) continue;
+    if (n <= 0) break;  // the child is done (or gone)
+    reply.append(buf, static_cast<std::size_t>(n));
+  }
+  ::close(fds[0]);
+  if (stopped) ::kill(pid, SIGKILL);
+  int status = 0;
+  while (::waitpid(pid, &status, 0) < 0 && errno == EINTR) {
+  }
+  if (stopped || !WIFEXITED(status) || WEXITSTATUS(status) != 0 || reply.empty()) Damaged(path);
+  if (reply[0] == 'E') throw CADOException(reply.substr(1));
+  if (reply[0] != 'D') Damaged(path);
+
+  const auto size = static_cast<sqlite3_int64>(reply.size() - 1);
+  if (size == 0) return;  // no tables
+  auto* image = static_cast<unsigned char*>(sqlite3_malloc64(static_cast<sqlite3_uint64>(size)));
+  if (!image) throw CADOException("cannot import the Access catalogue " + path + ": out of memory");
+  std::memcpy(image, reply.data() + 1, static_cast<std::size_t>(size));
+  if (sqlite3_deserialize(db, "main", image, size, size,
+                          SQLITE_DESERIALIZE_FREEONCLOSE | SQLITE_DESERIALIZE_RESIZEABLE) != SQLITE_OK) {
+    throw CADOException("cannot import the Access catalogue " + path + ": " + sqlite3_errmsg(db));
+  }
+}
+
+namespace testing {
+void SetImportChildHook(std::function<void()> hook) { g_child_hook = std::move(hook); }
+}  // namespace testing
 
 }  // namespace kestra::tabledb

@@ -90,4 +90,9 @@ std::string ResolvePath(std::string_view path) {
 
 std::string DataPath(std::string_view root, std::string_view rel) { return ResolvePath(JoinDataRoot(root, rel)); }
 
+bool IsSpecialFile(const std::string& path) {
+  struct stat st;
+  return ::stat(path.c_str(), &st) == 0 && !S_ISREG(st.st_mode);
+}
+
 }  // namespace kestra::text

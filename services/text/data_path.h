@@ -21,6 +21,10 @@ std::string ResolvePath(std::string_view path);
 // ResolvePath(JoinDataRoot(root, rel)).
 std::string DataPath(std::string_view root, std::string_view rel);
 
+// True when path exists but is no regular file (a FIFO, a device, a folder; links followed):
+// opening one to read it could wait for a writer or read forever.
+bool IsSpecialFile(const std::string& path);
+
 // ASCII-only case-insensitive equality (Chinese names compare exactly).
 bool EqualsNoCase(std::string_view a, std::string_view b);
 

@@ -93,6 +93,33 @@ TEST_F(IdpFileTest, RepeatedUnreadableFilesGetDistinctNames) {
   EXPECT_EQ(contents.size(), 3u);
 }
 
+TEST_F(IdpFileTest, AFileWithAnUnreasonableKeyIsKeptAside) {
+  std::string deep = "A";
+  for (int i = 0; i < 100000; ++i) deep += "\\B";
+  for (const std::string& line : {deep + "=1", std::string(2000, 'K') + "=1"}) {
+    Put(Path("p.idp"), std::string(kGoodText) + line + "\n");
+    CInterDpData tree;
+    EXPECT_EQ(tree.ReadDataFromIdpFile(Path("p.idp")), kUnreadableFile);
+    EXPECT_EQ(ValueOr(tree, "Wgglbc\\Zrglys", "0.8"), "0.8");
+    EXPECT_FALSE(fs::exists(Path("p.idp")));
+  }
+}
+
+// A FIFO (or any other non-file) where the file should be reads as empty at once, is left
+// in place, and the next write puts a file there.
+TEST_F(IdpFileTest, ANonFileReadsEmptyWithoutWaiting) {
+  const std::string path = Path("p.idp");
+  ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+  CInterDpData tree;
+  EXPECT_EQ(tree.ReadDataFromIdpFile(path), kReadFailed);
+  EXPECT_TRUE(fs::is_fifo(path));
+  fs::create_symlink("/dev/zero", Path("zero.idp"));
+  EXPECT_EQ(tree.ReadDataFromIdpFile(Path("zero.idp")), kReadFailed);
+  SetValue(tree, "A", "1");
+  ASSERT_EQ(tree.WriteDataToIdpFile(path), kOk);
+  EXPECT_EQ(Get(path), "; OrvelKestra parameter file\nA=1\n");
+}
+
 TEST_F(IdpFileTest, UnwritablePlacesReportFailureWithoutThrowing) {
   CInterDpData tree;
   SetValue(tree, "A", "1");

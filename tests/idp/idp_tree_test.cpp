@@ -2,6 +2,7 @@
 // apply to missing and empty keys, and a writer keeps the keys it did not set.
 #include <gtest/gtest.h>
 
+#include "services/idp/idp_format.h"
 #include "services/idp/idp_values.h"
 #include "services/idp/inter_dp_data.h"
 #include "tests/idp/idp_test_support.h"
@@ -126,6 +127,22 @@ TEST_F(IdpTreeTest, KeysThatCannotBeWrittenAreRefused) {
   EXPECT_EQ(tree.SetSubValueW("A", 2, "\xC3", 0), kBadText);
   EXPECT_EQ(tree.SetSubValueW("A", 2, "\xED\xA0\x80", 0), kBadText);  // a lone surrogate
   EXPECT_EQ(tree.GetSubValueFromPathW(0, "A")->HasValue(), false);
+  // Keys far deeper or longer than any calculator's.
+  std::string deep = "A";
+  for (int i = 0; i < 100000; ++i) deep += "\\B";
+  for (const std::string& key : {deep, std::string(2000, 'K')})
+    EXPECT_EQ(tree.SetSubValueW(key, 2, "1", 0), kBadKeyPath) << key.size();
+}
+
+// A tree as deep as memory allows (built node by node) is written and freed without recursion.
+TEST_F(IdpTreeTest, AVeryDeepTreeIsFormattedAndFreed) {
+  auto root = std::make_unique<IdpNode>();
+  IdpNode* node = root.get();
+  for (int i = 0; i < 200000; ++i) node = &node->ChildOrCreate("N");
+  node->SetValue("1", 2);
+  const std::string text = FormatIdpText(*root);
+  EXPECT_EQ(text.size(), kFileHeader.size() + 1 + 200000 * 2 - 1 + 3);  // "N\...\N=1\n"
+  root.reset();
 }
 
 TEST_F(IdpTreeTest, ManyChildrenOfOneFolderAreAllFoundInOrder) {

@@ -2,6 +2,8 @@
 // font measures of the mapped CJK fonts, report places, the wait cursor.
 #include <gtest/gtest.h>
 
+#include <cerrno>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 
@@ -106,9 +108,11 @@ TEST(QtHost, ReportsGoToNewFilesInTheirOwnFolder) {
   auto odd = NewReportPathIn(folder.string(), "../电压/损失", when);
   ASSERT_TRUE(odd);
   EXPECT_EQ(fs::path(*odd).parent_path(), folder);
-  // A folder that cannot be made (a file stands in the way): no path.
+  // A folder that cannot be made (a file stands in the way): no path, and the system's reason.
   std::ofstream(root / "blocked") << "x";
-  EXPECT_FALSE(NewReportPathIn((root / "blocked" / "OrvelKestra").string(), "柴油发电机组容量计算", when));
+  std::string why;
+  EXPECT_FALSE(NewReportPathIn((root / "blocked" / "OrvelKestra").string(), "柴油发电机组容量计算", when, &why));
+  EXPECT_EQ(why, std::strerror(ENOTDIR));
 
   // The host: its folder, the opener and the status line.
   QtUiHost host;
@@ -126,6 +130,11 @@ TEST(QtHost, ReportsGoToNewFilesInTheirOwnFolder) {
   host.ShowReport(*path);
   EXPECT_EQ(opened, *path);
   EXPECT_NE(status.find(*path), std::string::npos);
+  // Why a report could not be written: its folder and the system's text, in the status line.
+  host.SetReportFolder((root / "blocked" / "OrvelKestra").string());
+  EXPECT_FALSE(host.NewReportPath("柴油发电机组容量计算"));
+  EXPECT_NE(status.find((root / "blocked").string()), std::string::npos) << status;
+  EXPECT_NE(status.find(std::strerror(ENOTDIR)), std::string::npos) << status;
   fs::remove_all(root);
 }
 

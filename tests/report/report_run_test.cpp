@@ -3,6 +3,8 @@
 #include <unistd.h>
 
 #include <set>
+#include <cerrno>
+#include <cstring>
 
 #include "services/report/report_errors.h"
 #include "services/report/report_run.h"
@@ -81,6 +83,12 @@ TEST_F(RunReportTest, NoPathNoFolderOrAReadOnlyFolderMeansWordCouldNotStart) {
                                                  "创建Word实例失败!"}));
   EXPECT_EQ(Files(), std::vector<std::string>{"plain-file"});
   EXPECT_TRUE(target_.shown.empty());
+  // No path has no cause to tell; each folder that takes no file is named with the reason.
+  ASSERT_EQ(target_.causes.size(), 4u);  // the last path twice
+  for (std::size_t i = 0; i < 4; ++i) {
+    const std::string& folder = fs::path(*paths[std::min<std::size_t>(i + 1, 3)]).parent_path().string();
+    EXPECT_NE(target_.causes[i].find(folder + "/"), std::string::npos) << target_.causes[i];
+  }
   if (ro != "/proc") {
     fs::permissions(ro, fs::perms::owner_all);
     EXPECT_TRUE(fs::is_empty(ro));
@@ -178,6 +186,19 @@ TEST_F(RunReportTest, FailuresInTheBodyLeaveNoFileAndSayWhatHappened) {
   EXPECT_TRUE(Files().empty());
   EXPECT_TRUE(target_.shown.empty());
   EXPECT_TRUE(Write(diesel_fail_at(2)));
+}
+
+// The status code says what the system said, in Windows' numbers (winerror.h); a full disk is
+// ERROR_DISK_FULL (112), never the number the errno happens to have (28, ERROR_OUT_OF_PAPER).
+TEST(ReportErrors, FileErrorsKeepTheirMeaning) {
+  const std::pair<int, const char*> cases[] = {
+      {ENOSPC, "80070070"}, {EDQUOT, "8007050f"}, {EACCES, "80070005"}, {EROFS, "80070013"},
+      {EEXIST, "80070050"}, {ENOENT, "80070003"}, {EFBIG, "800700df"}, {ENOTSOCK, "80004005"},
+  };
+  for (const auto& [err, code] : cases) {
+    const COleException e(kestra::report::HresultFromErrno(err), "x");
+    EXPECT_EQ(kestra::report::OleExceptionMessage(e), std::string("COleException. SCODE: ") + code + ".") << err;
+  }
 }
 
 TEST_F(RunReportTest, UniqueReportPathsAreReadableAndFree) {

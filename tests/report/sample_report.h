@@ -18,7 +18,7 @@ void WriteSampleReport(ReportWriter& w);
 class FixedTarget : public ReportTarget {
  public:
   std::optional<std::string> path;
-  std::vector<std::string> titles, shown;
+  std::vector<std::string> titles, shown, causes;
   bool throw_on_show = false;
   std::optional<std::string> NewReportPath(std::string_view title) override {
     titles.emplace_back(title);
@@ -28,6 +28,7 @@ class FixedTarget : public ReportTarget {
     shown.push_back(p);
     if (throw_on_show) throw std::runtime_error("no word processor");
   }
+  void ShowFailureCause(const std::string& cause) override { causes.push_back(cause); }
 };
 
 }  // namespace kestra::report::testing

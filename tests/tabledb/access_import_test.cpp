@@ -1,8 +1,15 @@
 // Access catalogues read through libmdb, on real files written by others (fetched by the
 // tabledb.fetch_access_samples fixture).
+#include <unistd.h>
+
+#include <cstdio>
 #include <filesystem>
+#include <functional>
+#include <tuple>
 
 #include "services/tabledb/catalog.h"
+#include "services/tabledb/engine.h"
+#include "services/tabledb/mdb_import.h"
 #include "test_support.h"
 
 namespace kestra::tabledb::test {
@@ -102,6 +109,44 @@ TEST(AccessImport, ExportedAndRebuiltCatalogueReadsTheSame) {
     const std::string q = "SELECT [" + f + "] FROM [Users]";
     EXPECT_EQ(Column0(rebuilt, q), Column0(access, q)) << f;
   }
+}
+
+// Damaged Access files: one message naming the file and nothing of the library's on standard
+// error, whether the damage shows before the library reads (a page cut short), while it reads,
+// or as a reading process that never ends or eats memory (made so by the test's hook).
+TEST(AccessImport, ADamagedFileGivesOneMessage) {
+  REQUIRE_SAMPLE(path, "Monitor.mdb");
+  const std::string whole = ReadFile(path);  // Jet 3: 2048-byte pages
+  const std::string garbage = std::string("\0\1\0\0Standard Jet DB", 19) + std::string(3 * 4096 - 19, 'x');
+  const std::function<void()> forever = [] {
+    for (;;) ::pause();
+  };
+  const std::function<void()> greedy = [] {
+    for (std::vector<std::string> heap;;) {
+      heap.emplace_back(std::size_t(8) << 20, 'm');
+      std::fputs("mdb warning\n", stderr);
+    }
+  };
+  const std::tuple<std::string, std::string, std::function<void()>> cases[] = {
+      {"cut.mdb", whole.substr(0, 110000), {}}, {"one-page.mdb", whole.substr(0, 2048), {}},
+      {"garbage.mdb", garbage, {}},            {"stuck.mdb", whole, forever},
+      {"greedy.mdb", whole, greedy}};
+  TempDir dir;
+  for (const auto& [name, bytes, child] : cases) {
+    const std::string file = dir / name;
+    WriteFile(file, bytes);
+    kestra::tabledb::testing::SetImportChildHook(child);
+    ::testing::internal::CaptureStderr();
+    std::string message;
+    try {
+      kestra::tabledb::Engine::Open(file);
+    } catch (const CADOException& e) {
+      message = e.what();
+    }
+    EXPECT_EQ(::testing::internal::GetCapturedStderr(), "") << name;
+    EXPECT_EQ(message, "cannot read the Access catalogue " + file + ": the file is damaged or cut short") << name;
+  }
+  kestra::tabledb::testing::SetImportChildHook({});
 }
 
 }  // namespace

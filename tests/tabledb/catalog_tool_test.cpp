@@ -165,6 +165,26 @@ TEST_F(CatalogCheck, ProblemsAreSaidInPlainWords) {
   }
 }
 
+// A file damaged after it was built is not OK: SQLite's own check names the table.
+TEST_F(CatalogCheck, ADamagedFileIsRefusedWithItsTableNamed) {
+  std::string csv = "序号,￥截面,￥芯数,R,X,U\n";
+  for (int i = 1; i <= 3000; ++i) csv += std::to_string(i) + "," + std::to_string(i) + ",3,0.193,0.06,0.4\n";
+  ASSERT_EQ(Check("VV", csv, "line"), 0) << err_.str();
+  const fs::path db = dir_ / "c.db";
+  const auto size = fs::file_size(db);
+  ASSERT_GT(size, 8u * 4096);
+  {  // one page in the middle of the rows (page 1, the schema, stays whole)
+    std::fstream f(db, std::ios::in | std::ios::out | std::ios::binary);
+    f.seekp(static_cast<std::streamoff>(size / 2 / 4096 * 4096));
+    f << std::string(4096, 'Z');
+  }
+  out_.str("");
+  err_.str("");
+  EXPECT_EQ(RunCatalogCommand({"check", db, "line"}, out_, err_), 1);
+  EXPECT_NE(err_.str().find("table \"VV\""), std::string::npos) << err_.str();
+  EXPECT_EQ(out_.str(), "");
+}
+
 TEST(CatalogCommand, UsageAndFailures) {
   std::ostringstream out, err;
   EXPECT_EQ(RunCatalogCommand({}, out, err), 2);

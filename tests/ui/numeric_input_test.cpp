@@ -26,7 +26,10 @@ TEST(NumericInput, ExchangeReadsTheWholeTextAsOneNumber) {
   EXPECT_TRUE(ui::ParseWholeReal("1e3", &d));
   EXPECT_EQ(d, 1000.0);
   d = 7;
-  for (const char* bad : {"", "  ", "abc", "12abc", "1.5kW", ".0", "-0", "1 2"}) {
+  EXPECT_TRUE(ui::ParseWholeReal("\u3000500\u00a0", &d));  // blanks of a Chinese input method
+  EXPECT_EQ(d, 500.0);
+  d = 7;
+  for (const char* bad : {"", "  ", "abc", "12abc", "1.5kW", ".0", "-0", "1 2", "1e309", "0x10", "inf", "nan"}) {
     EXPECT_FALSE(ui::ParseWholeReal(bad, &d)) << bad;
     EXPECT_EQ(d, 7.0) << "a refused text must not change the value";
   }
@@ -35,4 +38,12 @@ TEST(NumericInput, ExchangeReadsTheWholeTextAsOneNumber) {
   EXPECT_EQ(i, 42);
   EXPECT_FALSE(ui::ParseWholeInt("4.2", &i));
   EXPECT_FALSE(ui::ParseWholeInt("", &i));
+  // The whole range of int, and nothing beyond it cut to another number.
+  EXPECT_TRUE(ui::ParseWholeInt("\u3000-2147483648", &i));
+  EXPECT_EQ(i, -2147483647 - 1);
+  EXPECT_TRUE(ui::ParseWholeInt("+02147483647", &i));
+  EXPECT_EQ(i, 2147483647);
+  for (const char* bad : {"2147483648", "-2147483649", "99999999999", "4294967338", "-0", "+", "0x10"})
+    EXPECT_FALSE(ui::ParseWholeInt(bad, &i)) << bad;
+  EXPECT_EQ(i, 2147483647);
 }

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "ui/resource_script.h"
 
 using ui::ResourceError;
@@ -64,8 +66,9 @@ TEST(ResourceScript, ReadsDialogsStringsAndListItems) {
 }
 
 TEST(ResourceScript, SyntaxErrorsNameFileAndLine) {
+  const std::string deep(200000, '(');
   struct Case {
-    const char* text;
+    std::string text;
     const char* expect;
   } cases[] = {
       {"1 DIALOGEX 0,0,10,10\nBEGIN\n  LTEXT \"a\", 5, 1, 2, 3\nEND\n", "x.rc:4:"},
@@ -75,12 +78,23 @@ TEST(ResourceScript, SyntaxErrorsNameFileAndLine) {
       {"1 DIALOGEX 0,0,10,10\nBEGIN\nEND\n1 DIALOGEX 0,0,5,5\nBEGIN\nEND\n", "defined twice"},
       {"7 DLGINIT\nBEGIN\n 1, \"a\"\nEND\n", "unknown dialog 7"},
       {"1 DIALOGEX 0,0,10,10\nBEGIN\n", "without END"},
+      // Bounded: no endless loop, no integer overflow, no stack overflow.
+      {"STRINGTABLE\n", "STRINGTABLE without BEGIN"},
+      {"STRINGTABLE DISCARDABLE 100 \"a\"\n", "STRINGTABLE without BEGIN"},
+      {"1 DIALOGEX 0,0,9223372036854775807,10\nBEGIN\nEND\n", "bad number"},
+      {"#define IDD_X 99999999999999999999\n", "bad number"},
+      {"STRINGTABLE\nBEGIN\n 4294967295 \"a\"\nEND\n", "out of range"},
+      {"1 DIALOGEX 0,0,2147483647+1,10\nBEGIN\nEND\n", "out of range"},
+      {"1 DIALOGEX 0,0,-2147483647-2,10\nBEGIN\nEND\n", "out of range"},
+      {"1 DIALOGEX 0,0," + deep + "1,10\nBEGIN\nEND\n", "nested too deeply"},
+      {"1 DIALOGEX 0,0," + std::string(200000, '-') + "1,10\nBEGIN\nEND\n", "nested too deeply"},
+      {"1 DIALOGEX 0,0,10,10\nSTYLE " + deep + "WS_POPUP\nBEGIN\nEND\n", "nested too deeply"},
   };
   for (const auto& c : cases) {
     ResourceSet set;
     try {
       set.Parse(c.text, "x.rc");
-      ADD_FAILURE() << "accepted: " << c.text;
+      ADD_FAILURE() << "accepted: " << c.text.substr(0, 80);
     } catch (const ResourceError& e) {
       EXPECT_NE(std::string(e.what()).find(c.expect), std::string::npos) << e.what();
     }

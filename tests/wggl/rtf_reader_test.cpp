@@ -55,12 +55,22 @@ TEST(RtfReader, ParagraphsAlignmentAndIndents) {
 }
 
 TEST(RtfReader, TextFromEscapesAndGbkBytesWithoutTablesOrDestinations) {
-  const std::pair<const char*, const char*> cases[] = {
+  const std::string deep = std::string(100000, '{') + "x" + std::string(100000, '}');
+  const std::pair<std::string, std::string> cases[] = {
       // 功 = U+529F, 率 = U+7387; 补 = U+8865 is written negative (−30619); \uc1 skips one fallback.
       {R"({\rtf1\uc1\u21151?\u29575?\u-30619?})", "功率补"},
       {R"({\rtf1\uc2\u21151\'b9\'a6x})", "功x"},                // a two-byte GBK fallback skipped whole
       {R"({\rtf1\uc0\u21151 x})", "功x"},                        // nothing to skip
       {R"({\rtf1\u-10187?\u-8437?})", "\xF0\x9D\x9C\x8B"},       // U+1D70B as a surrogate pair
+      // Half a pair is U+FFFD, wherever it stands; \u0 and NUL bytes show nothing.
+      {R"({\rtf1 a\u55357?b})", "a\uFFFDb"},
+      {R"({\rtf1 a\u-8437?b})", "a\uFFFDb"},
+      {R"({\rtf1\u-10187?})", "\uFFFD"},
+      {R"({\rtf1\u-10187?\par x})", "\uFFFD\nx"},
+      {R"({\rtf1\u-10187?\u-10187?\u-8437?})", "\uFFFD\xF0\x9D\x9C\x8B"},
+      {R"({\rtf1 a\u0?b\'00c})", "abc"},
+      {std::string("{\\rtf1 a\0b}", 11), "ab"},
+      {"{\\rtf1 " + deep + "y}", "xy"},  // groups nested far deeper than any page
       // "无功功率" in GBK (CE DE B9 A6 B9 A6 C2 CA), escaped or raw: two bytes form one character.
       {R"({\rtf1\ansi\ansicpg936 \'ce\'de\'b9\'a6\'b9\'a6\'c2\'ca})", "无功功率"},
       {"{\\rtf1 \xCE\xDE\xB9\xA6}", "无功"},
@@ -74,7 +84,7 @@ TEST(RtfReader, TextFromEscapesAndGbkBytesWithoutTablesOrDestinations) {
        "Text{\\*\\bkmkstart m}\\par}",
        "Text"},
   };
-  for (const auto& [rtf, plain] : cases) EXPECT_EQ(Read(rtf).PlainText(), plain) << rtf;
+  for (const auto& [rtf, plain] : cases) EXPECT_EQ(Read(rtf).PlainText(), plain) << rtf.substr(0, 60);
 }
 
 TEST(RtfReader, RefusesWhatIsNotRtfAndSaysWhichFileIsMissing) {

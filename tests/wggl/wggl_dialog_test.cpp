@@ -195,6 +195,9 @@ TEST_F(WgglDialog, SpinStepsStopAtTheirLimitsAndAreStoredWithoutACalculation) {
     EXPECT_EQ(spin(kCos1, "0.75", true, 1), "0.8");
     EXPECT_EQ(spin(kCos1, "1", true, 1), "1");
     EXPECT_EQ(spin(kCos2, "0.1", false, 2), "0.05");
+    // A billion steps end with the value at its limit, as soon as it stops changing.
+    EXPECT_EQ(spin(kCos1, "0.5", true, 999999999), "1");
+    EXPECT_EQ(spin(kCos2, "0.5", false, 999999999), "0.05");
     ui::act::Ok(d);
   });
   ExpectStored({{"Zrglys", "1"}, {"Bchglys", "0.05"}, {"Fhxs", "1"}});
