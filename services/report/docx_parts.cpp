@@ -36,17 +36,21 @@ void AppendFontAttr(std::string& out, std::string_view attr, std::string_view fo
   out += '"';
 }
 
+// The document font as Word sets it on the whole story: one face for every script, so that
+// digits, Latin letters and blanks take the same widths as the Chinese text around them.
+void AppendDocumentFont(std::string& out, std::string_view font) {
+  out += "<w:rFonts";
+  for (std::string_view attr : {"w:ascii", "w:hAnsi", "w:eastAsia"}) AppendFontAttr(out, attr, font);
+  out += "/>";
+}
+
 // One run: its properties, then its text cut at tabs and line breaks into <w:t>, <w:tab/> and
 // <w:br/> (a vertical tab is Word's manual line break).
 void AppendRun(std::string& out, const Run& run, std::string_view font) {
   out += "<w:r>";
   if (!font.empty() || run.kind != RunKind::kPlain) {
     out += "<w:rPr>";
-    if (!font.empty()) {
-      out += "<w:rFonts";
-      AppendFontAttr(out, "w:eastAsia", font);
-      out += "/>";
-    }
+    if (!font.empty()) AppendDocumentFont(out, font);
     if (run.kind == RunKind::kSuperscript) out += "<w:vertAlign w:val=\"superscript\"/>";
     if (run.kind == RunKind::kSubscript) out += "<w:vertAlign w:val=\"subscript\"/>";
     out += "</w:rPr>";
@@ -160,23 +164,26 @@ std::string DocumentXml(const ReportDocument& doc) {
   s += "\" xmlns:r=\"";
   s += kNsR;
   s += "\"><w:body>";
-  for (const Paragraph& p : doc.paragraphs) AppendParagraph(s, p, doc.east_asian_font);
+  for (const Paragraph& p : doc.paragraphs) AppendParagraph(s, p, doc.document_font);
   s += kSectionProperties;
   s += "</w:body></w:document>";
   return s;
 }
 
 std::string StylesXml(const ReportDocument& doc) {
-  const std::string_view east_asian =
-      doc.east_asian_font.empty() ? kDefaultEastAsianFont : std::string_view(doc.east_asian_font);
   std::string s(kXmlDecl);
   s += "<w:styles xmlns:w=\"";
   s += kNsW;
   // Body text: 12 pt (小四), 1.5 lines, justified as a Chinese Word's body text is.
-  s += "\"><w:docDefaults><w:rPrDefault><w:rPr><w:rFonts w:ascii=\"Times New Roman\" "
-       "w:hAnsi=\"Times New Roman\"";
-  AppendFontAttr(s, "w:eastAsia", east_asian);
-  s += " w:cs=\"Times New Roman\"/><w:kern w:val=\"2\"/><w:sz w:val=\"24\"/><w:szCs w:val=\"24\"/>"
+  s += "\"><w:docDefaults><w:rPrDefault><w:rPr>";
+  if (doc.document_font.empty()) {
+    s += "<w:rFonts w:ascii=\"Times New Roman\" w:hAnsi=\"Times New Roman\"";
+    AppendFontAttr(s, "w:eastAsia", kDefaultEastAsianFont);
+    s += " w:cs=\"Times New Roman\"/>";
+  } else {
+    AppendDocumentFont(s, doc.document_font);
+  }
+  s += "<w:kern w:val=\"2\"/><w:sz w:val=\"24\"/><w:szCs w:val=\"24\"/>"
        "<w:lang w:val=\"en-US\" w:eastAsia=\"zh-CN\" w:bidi=\"ar-SA\"/></w:rPr></w:rPrDefault>"
        "<w:pPrDefault><w:pPr><w:spacing w:after=\"0\" w:line=\"360\" w:lineRule=\"auto\"/></w:pPr>"
        "</w:pPrDefault></w:docDefaults>";
