@@ -2,11 +2,15 @@
 
 #include <QApplication>
 #include <QDateTime>
-#include <QDesktopServices>
 #include <QDialog>
+#include <QDesktopServices>
+#include <QDialogButtonBox>
 #include <QFontMetrics>
+#include <QGuiApplication>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QUrl>
 
 #include "host/qt/dialog_view.h"
@@ -15,6 +19,35 @@
 #include "ui/dialog.h"
 
 namespace kestra::qt {
+
+namespace {
+
+// The system's message box: no room kept for an icon that is not shown, the buttons centred,
+// and a text wider than the box may be wrapped, between any two Chinese characters, to a width
+// of its own: five eighths of the screen, as with the system's boxes.
+void ShapeLikeSystemBox(QMessageBox& box, const std::string& text) {
+  if (auto* icon = box.findChild<QLabel*>(QStringLiteral("qt_msgboxex_icon_label")))
+    icon->setVisible(box.icon() != QMessageBox::NoIcon);
+  if (auto* buttons = box.findChild<QDialogButtonBox*>()) buttons->setCenterButtons(true);
+  auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+  if (!label) return;
+  const QScreen* screen = box.parentWidget() ? box.parentWidget()->screen() : QGuiApplication::primaryScreen();
+  const int limit = screen ? screen->availableGeometry().width() * 5 / 8 : 800;
+  const QFontMetrics fm(label->font());
+  const QString q = QString::fromStdString(text);
+  const QRect natural = fm.boundingRect(QRect(0, 0, 100000, 100000), Qt::AlignLeft, q);
+  if (natural.width() <= limit) {
+    label->setWordWrap(false);
+    return;
+  }
+  // Qt's line breaking takes a break between two ideographs; a long run without one (a path)
+  // may still overrun the width and the box then grows to hold it.
+  label->setWordWrap(true);
+  label->setMinimumWidth(limit);
+  label->setMaximumWidth(limit);
+}
+
+}  // namespace
 
 QtUiHost::QtUiHost() { InstallFontSubstitutions(); }
 
@@ -85,6 +118,7 @@ int QtUiHost::MessageBox(const std::string& text, const std::string& caption, un
   // Escape answers as the window's close box: cancel where there is one, else the only button.
   for (std::size_t i = 0; i < choices.size(); ++i)
     if (choices[i].answer == ui::IDCANCEL || choices.size() == 1) box.setEscapeButton(buttons[i]);
+  ShapeLikeSystemBox(box, text);
   int waiting = wait_depth_;
   for (int i = 0; i < waiting; ++i) QApplication::restoreOverrideCursor();
   box.exec();
@@ -125,6 +159,10 @@ void QtUiHost::ShowReport(const std::string& path) {
   bool opened = open_report_ ? open_report_(path)
                              : QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(path)));
   if (status_) status_(opened ? "计算书已写入 " + path : "计算书已写入 " + path + " (没有可打开它的程序)");
+  // With nothing to open it, the designer is told where to find it, in front of the dialog.
+  if (!opened)
+    MessageBox("计算书已写入:\n" + path + "\n\n本机没有可打开 .docx 文件的程序, 请用字处理程序打开它。", {},
+               ui::MB_OK | ui::MB_ICONINFORMATION);
 }
 
 void QtUiHost::Redraw(ui::Dialog& dlg) {
