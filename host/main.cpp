@@ -8,7 +8,9 @@
 #include <vector>
 
 #include "host/core/host_session.h"
+#include "host/core/project_command.h"
 #include "host/script/script_runner.h"
+#include "services/text/data_path.h"
 #include "ui/headless_host.h"
 
 #if defined(KESTRA_HAVE_QT) && defined(KESTRA_QT_WINDOW_MODE)
@@ -28,6 +30,7 @@ void Usage(std::ostream& os) {
         "                                                  headless run of a script (no display needed)\n"
         "       kestra [--module FILE] --list-commands     the registered command groups and commands\n"
         "       kestra catalog ...                         catalogue database tools\n"
+        "       kestra project show | set KEY VALUE        the project in the reports' page header\n"
         "       kestra --version\n"
         "The module is OrvelKestra.so beside kestra unless --module names another.\n";
 }
@@ -80,6 +83,12 @@ int main(int argc, char** argv) {
     std::cerr << "kestra: the catalogue tools are not built into this kestra\n";
     return 1;
 #endif
+  }
+
+  if (argc >= 2 && std::strcmp(argv[1], "project") == 0) {
+    return kestra::host::RunProjectCommand(std::vector<std::string>(argv + 2, argv + argc),
+                                           kestra::text::DataRootOfModule(kestra::host::DefaultModulePath()),
+                                           std::cout, std::cerr);
   }
 
   std::string module_path = kestra::host::DefaultModulePath();

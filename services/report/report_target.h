@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "services/report/project_info.h"
+
 namespace kestra::report {
 
 class ReportTarget {
@@ -17,6 +19,15 @@ class ReportTarget {
   virtual std::optional<std::string> NewReportPath(std::string_view title) = 0;
   // Shows the written report to the designer.
   virtual void ShowReport(const std::string& path) = 0;
+
+  // The project file whose title block heads the reports (none set: blank values).
+  void SetProjectFile(std::string path) { project_file_ = std::move(path); }
+  const std::string& project_file() const { return project_file_; }
+  // The title block as the project file holds it now.
+  ProjectInfo ReportProject() const { return project_file_.empty() ? ProjectInfo{} : ReadProjectInfo(project_file_); }
+
+ private:
+  std::string project_file_;
 };
 
 // "<dir>/<title> YYYY-MM-DD HHMMSS.docx" for a report written at `local_time`; when a file of
