@@ -1,6 +1,5 @@
 #include "host/qt/dialog_view.h"
 
-#include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QCoreApplication>
@@ -152,7 +151,7 @@ void DialogView::FocusControl(ui::Control* c) {
 void DialogView::TabTo(bool next) {
   const std::vector<ui::Control*> stops = ui::TabStops(dlg_);
   if (stops.empty()) return;
-  const QWidget* focus = QApplication::focusWidget();
+  const QWidget* focus = window_->focusWidget();
   const int n = static_cast<int>(stops.size());
   int at = -1;
   for (int i = 0; i < n && focus; ++i) {
