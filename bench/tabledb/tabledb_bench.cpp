@@ -2,7 +2,6 @@
 // import of a real Access file.
 #include <benchmark/benchmark.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -87,14 +86,10 @@ void BM_ValueByThreeKeysWildcardScan(benchmark::State& state) {
 }
 
 void BM_ImportNodeAdodbSample(benchmark::State& state) {
-  const std::string dir = KESTRA_ACCESS_SAMPLES;
-  const std::string path = dir + "/node-adodb.mdb";
+  const std::string path = KESTRA_SOURCE_DIR "/tests/fixtures/access/node-adodb.mdb";
   if (!fs::exists(path)) {
-    const std::string cmd = "sh '" KESTRA_SOURCE_DIR "/tests/tabledb/fetch_access_samples.sh' '" + dir + "'";
-    if (std::system(cmd.c_str()) != 0 || !fs::exists(path)) {
-      state.SkipWithError("node-adodb.mdb could not be fetched (npm unreachable?)");
-      return;
-    }
+    state.SkipWithError(("no " + path).c_str());
+    return;
   }
   for (auto _ : state) {
     CADODatabase db;
