@@ -18,8 +18,8 @@ namespace kestra::qt {
 namespace {
 
 // The dialog window: its close box and Escape go to the model as a cancel; the model
-// alone decides when the window goes.
-// Tab and Shift+Tab go the dialog's own way (ui/focus.h).
+// alone decides when the window goes. Tab and Shift+Tab go by the dialog's tab stops
+// (ui/focus.h).
 class ModalWindow : public QDialog {
  public:
   ModalWindow(QWidget* parent, std::function<void()> on_close, std::function<void(bool)> on_tab)
