@@ -6,7 +6,7 @@ function(kestra_test name)
   target_compile_definitions(${name} PRIVATE
     KESTRA_SOURCE_DIR="${CMAKE_SOURCE_DIR}" KESTRA_ROOT_DIR="${KESTRA_ROOT}")
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
-    PROPERTIES ENVIRONMENT "KESTRA_ROOT_DIR=${KESTRA_ROOT}")
+    PROPERTIES ENVIRONMENT "KESTRA_ROOT_DIR=${KESTRA_ROOT}" FIXTURES_REQUIRED kestra_staged_root)
 endfunction()
 
 # kestra_bench(NAME SOURCES... LIBS ...): one Google Benchmark executable (not a test).

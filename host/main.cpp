@@ -8,7 +8,9 @@
 #include <vector>
 
 #include "host/core/host_session.h"
+#include "host/core/project_command.h"
 #include "host/script/script_runner.h"
+#include "services/text/data_path.h"
 #include "ui/headless_host.h"
 
 #include "services/tabledb/catalog.h"
@@ -26,6 +28,7 @@ void Usage(std::ostream& os) {
         "                                                  headless run of a script (no display needed)\n"
         "       kestra [--module FILE] --list-commands     the registered command groups and commands\n"
         "       kestra catalog ...                         catalogue database tools\n"
+        "       kestra project show | set KEY VALUE        the project in the reports' page header\n"
         "       kestra --version\n"
         "The module is OrvelKestra.so beside kestra unless --module names another.\n";
 }
@@ -73,6 +76,12 @@ int RunScript(const std::string& module_path, const std::string& script, const s
 int main(int argc, char** argv) {
   if (argc >= 2 && std::strcmp(argv[1], "catalog") == 0) {
     return kestra::catalog::RunCatalogCommand(std::vector<std::string>(argv + 2, argv + argc), std::cout, std::cerr);
+  }
+
+  if (argc >= 2 && std::strcmp(argv[1], "project") == 0) {
+    return kestra::host::RunProjectCommand(std::vector<std::string>(argv + 2, argv + argc),
+                                           kestra::text::DataRootOfModule(kestra::host::DefaultModulePath()),
+                                           std::cout, std::cerr);
   }
 
   std::string module_path = kestra::host::DefaultModulePath();

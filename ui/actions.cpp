@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "ui/focus.h"
 #include "ui/property_sheet.h"
 
 namespace ui {
@@ -131,16 +132,7 @@ void Click(Control& c) {
     case Kind::Radio:
       if (c.auto_button()) {
         // An automatic radio button checks itself and clears the others of its group.
-        Dialog& d = *c.owner();
-        const auto& all = d.controls();
-        std::size_t me = 0;
-        while (me < all.size() && all[me].get() != &c) ++me;
-        std::size_t first = me;
-        while (first > 0 && !all[first]->group_start()) --first;
-        for (std::size_t i = first; i < all.size(); ++i) {
-          if (i != first && all[i]->group_start()) break;
-          if (all[i]->kind() == Kind::Radio) all[i]->SetCheck(all[i].get() == &c ? 1 : 0);
-        }
+        for (Control* r : RadioGroup(c)) r->SetCheck(r == &c ? 1 : 0);
       }
       break;
     default:

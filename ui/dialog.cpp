@@ -102,6 +102,11 @@ void Dialog::BuildFromTemplate() {
   for (const ControlTemplate& ct : t.controls) {
     std::vector<std::string> styles(ct.styles.begin(), ct.styles.end());
     for (const auto& n : ct.not_styles) styles.push_back("NOT " + n);
+    // The statements whose controls are tab stops unless written with NOT WS_TABSTOP.
+    if (HasAny({ct.kind}, {"EDITTEXT", "COMBOBOX", "PUSHBUTTON", "DEFPUSHBUTTON", "CHECKBOX", "AUTOCHECKBOX",
+                           "AUTO3STATE", "STATE3", "RADIOBUTTON", "AUTORADIOBUTTON"}) &&
+        !ct.not_styles.count("WS_TABSTOP"))
+      styles.push_back("WS_TABSTOP");
     Kind kind = KindOf(ct, styles);
     auto c = std::make_unique<Control>(this, kind, ct.id);
     c->ApplyTemplateStyles(ct.class_name, styles);

@@ -2,7 +2,6 @@
 // import of a real Access file.
 #include <benchmark/benchmark.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -89,16 +88,12 @@ void BM_ValueByThreeKeysWildcardScan(benchmark::State& state) {
                       " WHERE ￥型号 Like \"yjv-7%\" AND ￥截面 Like \"120%\" AND ￥芯数 Like \"13%\"");
 }
 
-// A fetched sample file, or "" (and the benchmark skipped) when it cannot be had.
+// The fixture file of the tests, or "" (and the benchmark stopped with the reason) without it.
 std::string Sample(benchmark::State& state, const std::string& name) {
-  const std::string dir = KESTRA_ACCESS_SAMPLES;
-  const std::string path = dir + "/" + name;
+  const std::string path = KESTRA_SOURCE_DIR "/tests/fixtures/access/" + name;
   if (!fs::exists(path)) {
-    const std::string cmd = "sh '" KESTRA_SOURCE_DIR "/tests/tabledb/fetch_access_samples.sh' '" + dir + "'";
-    if (std::system(cmd.c_str()) != 0 || !fs::exists(path)) {
-      state.SkipWithError((name + " could not be fetched (network unreachable?)").c_str());
-      return "";
-    }
+    state.SkipWithError(("no " + path).c_str());
+    return "";
   }
   return path;
 }
@@ -130,7 +125,7 @@ void OpenDamaged(benchmark::State& state, const std::string& bytes) {
   fs::remove(file);
 }
 std::string SampleBytes(benchmark::State& state) {
-  const std::string path = Sample(state, "Monitor.mdb");
+  const std::string path = Sample(state, "node-adodb.mdb");
   std::ifstream in(path, std::ios::binary);
   return std::string(std::istreambuf_iterator<char>(in), {});
 }

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <string_view>
 
+#include "services/report/project_info.h"
 #include "services/text/data_path.h"
 #include "ui/resource_script.h"
 #include "ui/ui_host.h"
@@ -49,6 +50,9 @@ bool HostSession::Load(const std::string& module_path, std::string* error) {
   }
   handle_ = h;
   entry_ = entry;
+  // The module's data root holds the project whose title block heads every report.
+  data_root_ = text::DataRootOfModule(module_path);
+  ui_.SetProjectFile(ProjectFile());
   last_entry_result_ = entry_(kestra::shell::kInitAppMsg, &package_);
   return true;
 }
@@ -126,6 +130,10 @@ void HostSession::PrintLine(const std::string& text) {
   std::fwrite(text.data(), 1, text.size(), stdout);
   std::fputc('\n', stdout);
   std::fflush(stdout);
+}
+
+std::string HostSession::ProjectFile() const {
+  return data_root_.empty() ? std::string() : text::DataPath(data_root_, kestra::report::kProjectFile);
 }
 
 std::string DefaultModulePath() {

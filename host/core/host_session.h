@@ -26,6 +26,9 @@ class HostSession : public kestra::shell::HostApi {
   // The unload message + dlclose; nothing when no module is loaded.
   void Unload();
   bool loaded() const { return handle_ != nullptr; }
+  // The data root of the module loaded last (two folders above it) and its project file.
+  const std::string& data_root() const { return data_root_; }
+  std::string ProjectFile() const;
 
   struct Command {
     std::string group;
@@ -75,6 +78,7 @@ class HostSession : public kestra::shell::HostApi {
   int last_entry_result_ = 0;
   int resource_depth_ = 0;
   void* main_window_ = nullptr;
+  std::string data_root_;
   std::function<void(const std::string&)> output_;
 };
 

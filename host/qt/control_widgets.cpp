@@ -31,6 +31,7 @@
 #include "host/qt/rich_text_document.h"
 #include "ui/actions.h"
 #include "ui/dialog.h"
+#include "ui/focus.h"
 
 namespace kestra::qt {
 
@@ -208,7 +209,12 @@ class EditView : public Common {
     Place(c);
     validator_->set_filter(c.filter());
     QString text = Q(c.GetWindowText());
-    if (edit_->text() != text) edit_->setText(text);
+    if (edit_->text() != text) {
+      edit_->setText(text);
+      // A text the program sets is shown from its start, as a native edit shows it: the
+      // leading digits of a long number stay in view.
+      edit_->setCursorPosition(0);
+    }
     edit_->setAlignment(HorizontalOf(c.align()) | Qt::AlignVCenter);
     if (edit_->isReadOnly() != c.read_only()) {
       edit_->setReadOnly(c.read_only());
@@ -243,16 +249,53 @@ class ButtonView : public Common {
   QPushButton* button_;
 };
 
-// Check boxes and radio buttons: the model decides the check (auto or not), so the
-// widget's own toggling is put right after each click.
+// A check box or radio button that never changes its own check: the model decides it (auto
+// or not) and shows it before the click's handler runs, so a button stays as the designer left
+// it while a dialog opened by the click is in front.
+template <class B>
+class ModelButton : public B {
+ public:
+  using B::B;
+
+ protected:
+  void nextCheckState() override {}
+};
+
+// The arrow keys in a group of radio buttons move to the next one of the group and click it.
+class RadioArrowFilter : public QObject {
+ public:
+  RadioArrowFilter(QObject* parent, ui::Control* id, ActionRouter& router) : QObject(parent), id_(id), router_(router) {}
+  bool eventFilter(QObject* o, QEvent* e) override {
+    if (e->type() != QEvent::KeyPress) return QObject::eventFilter(o, e);
+    const int key = static_cast<QKeyEvent*>(e)->key();
+    if (key != Qt::Key_Up && key != Qt::Key_Down && key != Qt::Key_Left && key != Qt::Key_Right)
+      return QObject::eventFilter(o, e);
+    const bool forward = key == Qt::Key_Down || key == Qt::Key_Right;
+    ui::Control* to = nullptr;
+    router_.Act(id_, [&](ui::Control& k) { to = ui::NextInGroup(k, forward); });
+    if (to && to != id_) {
+      router_.FocusControl(to);
+      router_.Act(to, [](ui::Control& k) { ui::act::Click(k); });
+    }
+    return true;
+  }
+
+ private:
+  ui::Control* id_;
+  ActionRouter& router_;
+};
+
+// Check boxes and radio buttons.
 template <class B>
 class CheckView : public Common {
  public:
-  CheckView(ui::Control& c, QWidget* parent, ActionRouter& router) : Common(new B(parent)), button_(static_cast<B*>(w_)) {
+  CheckView(ui::Control& c, QWidget* parent, ActionRouter& router)
+      : Common(new ModelButton<B>(parent)), button_(static_cast<B*>(w_)) {
     button_->setAutoExclusive(false);
     ui::Control* id = &c;
     QObject::connect(button_, &QAbstractButton::clicked, button_,
                      [&router, id] { router.Act(id, [](ui::Control& k) { ui::act::Click(k); }); });
+    if constexpr (std::is_same_v<B, QRadioButton>) button_->installEventFilter(new RadioArrowFilter(button_, id, router));
   }
   void Show(const ui::Control& c) override {
     Place(c);
@@ -335,7 +378,10 @@ class ComboView : public Common {
     }
     cache_.Set(c.items());
     if (combo_->currentIndex() != c.GetCurSel()) combo_->setCurrentIndex(c.GetCurSel());
-    if (editable && combo_->currentText() != Q(c.GetWindowText())) combo_->setEditText(Q(c.GetWindowText()));
+    if (editable && combo_->currentText() != Q(c.GetWindowText())) {
+      combo_->setEditText(Q(c.GetWindowText()));
+      combo_->lineEdit()->setCursorPosition(0);
+    }
   }
 
  private:
@@ -564,6 +610,7 @@ class RichTextView : public Common {
  public:
   explicit RichTextView(QWidget* parent) : Common(new QTextEdit(parent)), text_(static_cast<QTextEdit*>(w_)) {
     text_->setReadOnly(true);
+    text_->setTabChangesFocus(true);
     text_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   }
   void Show(const ui::Control& c) override {
@@ -605,6 +652,7 @@ class TableView : public Common {
     title_->setAlignment(Qt::AlignHCenter);
     table_ = new QTableWidget(w_);
     table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table_->setTabKeyNavigation(false);
     table_->setSelectionMode(QAbstractItemView::SingleSelection);
     table_->verticalHeader()->setVisible(false);
     note_ = new QLabel(w_);

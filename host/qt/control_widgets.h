@@ -20,6 +20,8 @@ class ActionRouter {
   virtual void Act(ui::Control* c, const std::function<void(ui::Control&)>& action) = 0;
   // True while the model is being shown: widget signals then are not the designer's.
   virtual bool Showing() const = 0;
+  // Gives control c the keyboard focus as Tab does (an edit's text selected).
+  virtual void FocusControl(ui::Control* c) = 0;
 };
 
 class ControlWidget {

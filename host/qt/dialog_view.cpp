@@ -1,23 +1,29 @@
 #include "host/qt/dialog_view.h"
 
 #include <QCloseEvent>
+#include <QComboBox>
 #include <QCoreApplication>
 #include <QDialog>
 #include <QEventLoop>
 #include <QGuiApplication>
+#include <QLineEdit>
+#include <QScreen>
 
 #include "host/qt/font_map.h"
 #include "ui/actions.h"
+#include "ui/focus.h"
 
 namespace kestra::qt {
 
 namespace {
 
 // The dialog window: its close box and Escape go to the model as a cancel; the model
-// alone decides when the window goes.
+// alone decides when the window goes. Tab and Shift+Tab go by the dialog's tab stops
+// (ui/focus.h).
 class ModalWindow : public QDialog {
  public:
-  ModalWindow(QWidget* parent, std::function<void()> on_close) : QDialog(parent), on_close_(std::move(on_close)) {}
+  ModalWindow(QWidget* parent, std::function<void()> on_close, std::function<void(bool)> on_tab)
+      : QDialog(parent), on_close_(std::move(on_close)), on_tab_(std::move(on_tab)) {}
   void reject() override { on_close_(); }
 
  protected:
@@ -25,10 +31,29 @@ class ModalWindow : public QDialog {
     e->ignore();
     on_close_();
   }
+  bool focusNextPrevChild(bool next) override {
+    on_tab_(next);
+    return true;
+  }
 
  private:
   std::function<void()> on_close_;
+  std::function<void(bool)> on_tab_;
 };
+
+// Where a dialog opens: centred over its parent window when that is on the screen, else
+// centred on the screen.
+QPoint CentredPlace(const QWidget& window, const QWidget* parent) {
+  QRect over;
+  if (parent && parent->isVisible()) {
+    over = parent->window()->frameGeometry();
+  } else {
+    const QScreen* screen = parent ? parent->screen() : QGuiApplication::primaryScreen();
+    if (screen) over = screen->availableGeometry();
+  }
+  if (!over.isValid()) return window.pos();
+  return over.center() - QPoint(window.width() / 2, window.height() / 2);
+}
 
 QRect RectOf(const ui::Rect& r) { return QRect(r.left, r.top, r.Width(), r.Height()); }
 
@@ -36,10 +61,13 @@ QRect RectOf(const ui::Rect& r) { return QRect(r.left, r.top, r.Width(), r.Heigh
 
 DialogView::DialogView(ui::Dialog& dlg, QWidget* parent_window, std::function<void(const std::string&)> on_error)
     : dlg_(dlg), on_error_(std::move(on_error)) {
-  window_ = new ModalWindow(parent_window, [this] {
-    // Closing the window is the cancel command, as the dialog manager sends it.
-    ActOnDialog([](ui::Dialog& d) { ui::act::Cancel(d); });
-  });
+  window_ = new ModalWindow(
+      parent_window,
+      [this] {
+        // Closing the window is the cancel command, as the dialog manager sends it.
+        ActOnDialog([](ui::Dialog& d) { ui::act::Cancel(d); });
+      },
+      [this](bool next) { TabTo(next); });
   window_->setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
   window_->setWindowModality(Qt::ApplicationModal);
   window_->setObjectName(QStringLiteral("kestra_dialog_%1").arg(dlg.template_id()));
@@ -68,9 +96,12 @@ QWidget* DialogView::WidgetOf(const ui::Dialog& d) const {
 
 int DialogView::Exec() {
   if (!dlg_.IsEnded()) {
+    window_->move(CentredPlace(*window_, window_->parentWidget()));
     window_->show();
     if (QGuiApplication::platformName() != QLatin1String("offscreen")) window_->raise();
     window_->activateWindow();
+    // The first tab stop takes the focus, its text selected, so the designer types at once.
+    if (ui::Control* first = ui::FirstTabStop(dlg_)) FocusControl(first);
     QEventLoop loop;
     loop_ = &loop;
     loop.exec(QEventLoop::DialogExec);
@@ -106,6 +137,29 @@ void DialogView::Act(ui::Control* c, const std::function<void(ui::Control&)>& ac
   // The widget may have changed itself (a toggled box, a moved tab): show the model again.
   if (controls_.count(c)) ShowControl(*c);
   EndLoopIfEnded();
+}
+
+void DialogView::FocusControl(ui::Control* c) {
+  QWidget* w = c ? WidgetOf(*c) : nullptr;
+  if (!w) return;
+  w->setFocus(Qt::TabFocusReason);
+  auto* edit = qobject_cast<QLineEdit*>(w);
+  if (auto* combo = qobject_cast<QComboBox*>(w); combo && combo->isEditable()) edit = combo->lineEdit();
+  if (edit) edit->selectAll();
+}
+
+void DialogView::TabTo(bool next) {
+  const std::vector<ui::Control*> stops = ui::TabStops(dlg_);
+  if (stops.empty()) return;
+  const QWidget* focus = window_->focusWidget();
+  const int n = static_cast<int>(stops.size());
+  int at = -1;
+  for (int i = 0; i < n && focus; ++i) {
+    const QWidget* w = WidgetOf(*stops[static_cast<std::size_t>(i)]);
+    if (w && (w == focus || w->isAncestorOf(focus))) at = i;
+  }
+  const int to = at < 0 ? (next ? 0 : n - 1) : (at + (next ? 1 : n - 1)) % n;
+  FocusControl(stops[static_cast<std::size_t>(to)]);
 }
 
 void DialogView::ActOnDialog(const std::function<void(ui::Dialog&)>& action) {

@@ -40,6 +40,9 @@ class DialogView : public ui::DialogObserver, public ActionRouter {
   // ActionRouter
   void Act(ui::Control* c, const std::function<void(ui::Control&)>& action) override;
   bool Showing() const override { return showing_ > 0; }
+  void FocusControl(ui::Control* c) override;
+  // Tab (next) or Shift+Tab: the focus to the next or previous tab stop, round the dialog.
+  void TabTo(bool next);
   // An action on the dialog itself (close box, Escape).
   void ActOnDialog(const std::function<void(ui::Dialog&)>& action);
 

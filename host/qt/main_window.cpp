@@ -14,6 +14,7 @@
 #include <QVBoxLayout>
 
 #include "host/core/host_session.h"
+#include "host/qt/project_dialog.h"
 #include "host/qt/qt_ui_host.h"
 
 namespace kestra::qt {
@@ -60,6 +61,13 @@ MainWindow::MainWindow(kestra::host::HostSession& session, QtUiHost& ui) : sessi
     tools->addAction(action);
     calculator_actions_.emplace_back(action, command);
   }
+  menu->addSeparator();
+  // The title block of the reports, set once per project.
+  project_action_ = menu->addAction(QStringLiteral("工程信息..."));
+  project_action_->setStatusTip(QStringLiteral("计算书页眉中的工程名称、设计阶段、设计、校对和日期"));
+  connect(project_action_, &QAction::triggered, this, [this] {
+    if (EditProject(this, ui_, session_.ProjectFile())) PrintLine("工程信息已保存: " + session_.ProjectFile());
+  });
   menu->addSeparator();
   QAction* quit = menu->addAction(QStringLiteral("退出"));
   connect(quit, &QAction::triggered, this, &QMainWindow::close);
@@ -120,6 +128,7 @@ MainWindow::~MainWindow() {
 
 void MainWindow::RefreshCommands() {
   for (auto& [action, command] : calculator_actions_) action->setEnabled(session_.FindCommand(command) != nullptr);
+  project_action_->setEnabled(!session_.ProjectFile().empty());
 }
 
 void MainWindow::PrintLine(const std::string& line) {

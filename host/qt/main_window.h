@@ -33,6 +33,7 @@ class MainWindow : public QMainWindow {
 
   QLineEdit* command_line() const { return command_line_; }
   QPlainTextEdit* history() const { return history_; }
+  QAction* project_action() const { return project_action_; }
 
  private:
   kestra::host::HostSession& session_;
@@ -40,6 +41,7 @@ class MainWindow : public QMainWindow {
   QLineEdit* command_line_ = nullptr;
   QPlainTextEdit* history_ = nullptr;
   std::vector<std::pair<QAction*, std::string>> calculator_actions_;
+  QAction* project_action_ = nullptr;
   std::string last_command_;
   bool running_ = false;
 };

@@ -2,15 +2,15 @@
 
 #include <QApplication>
 #include <QDateTime>
-#include <QDesktopServices>
 #include <QDialog>
-#include <QFontMetrics>
+#include <QDesktopServices>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QUrl>
 
 #include "host/qt/dialog_view.h"
 #include "host/qt/font_map.h"
+#include "host/qt/message_box.h"
 #include "host/qt/report_path.h"
 #include "ui/dialog.h"
 
@@ -43,55 +43,45 @@ int QtUiHost::RunModal(ui::Dialog& dlg) {
 }
 
 int QtUiHost::MessageBox(const std::string& text, const std::string& caption, unsigned type) {
-  QMessageBox box(ParentWindow());
-  box.setWindowTitle(QString::fromStdString(caption.empty() ? title_ : caption));
-  box.setTextFormat(Qt::PlainText);
-  box.setText(QString::fromStdString(text));
+  QMessageBox::Icon icon = QMessageBox::NoIcon;
   switch (type & 0xF0) {
-    case ui::MB_ICONERROR: box.setIcon(QMessageBox::Critical); break;
-    case ui::MB_ICONQUESTION: box.setIcon(QMessageBox::Question); break;
-    case ui::MB_ICONWARNING: box.setIcon(QMessageBox::Warning); break;
-    case ui::MB_ICONINFORMATION: box.setIcon(QMessageBox::Information); break;
-    default: box.setIcon(QMessageBox::NoIcon); break;
+    case ui::MB_ICONERROR: icon = QMessageBox::Critical; break;
+    case ui::MB_ICONQUESTION: icon = QMessageBox::Question; break;
+    case ui::MB_ICONWARNING: icon = QMessageBox::Warning; break;
+    case ui::MB_ICONINFORMATION: icon = QMessageBox::Information; break;
+    default: break;
   }
+  MessageBoxWindow box(ParentWindow(), QString::fromStdString(caption.empty() ? title_ : caption),
+                       QString::fromStdString(text), icon);
   // The buttons of each type with the captions a Chinese system gives them.
   struct Choice {
     const char* text;
-    QMessageBox::ButtonRole role;
     int answer;
   };
   std::vector<Choice> choices;
   switch (type & 0xF) {
-    case ui::MB_OKCANCEL: choices = {{"确定", QMessageBox::AcceptRole, ui::IDOK}, {"取消", QMessageBox::RejectRole, ui::IDCANCEL}}; break;
-    case 0x2:
-      choices = {{"中止(&A)", QMessageBox::RejectRole, ui::IDABORT},
-                 {"重试(&R)", QMessageBox::AcceptRole, ui::IDRETRY},
-                 {"忽略(&I)", QMessageBox::AcceptRole, ui::IDIGNORE}};
-      break;
-    case ui::MB_YESNOCANCEL:
-      choices = {{"是(&Y)", QMessageBox::YesRole, ui::IDYES},
-                 {"否(&N)", QMessageBox::NoRole, ui::IDNO},
-                 {"取消", QMessageBox::RejectRole, ui::IDCANCEL}};
-      break;
-    case ui::MB_YESNO: choices = {{"是(&Y)", QMessageBox::YesRole, ui::IDYES}, {"否(&N)", QMessageBox::NoRole, ui::IDNO}}; break;
-    case 0x5: choices = {{"重试(&R)", QMessageBox::AcceptRole, ui::IDRETRY}, {"取消", QMessageBox::RejectRole, ui::IDCANCEL}}; break;
-    default: choices = {{"确定", QMessageBox::AcceptRole, ui::IDOK}}; break;
+    case ui::MB_OKCANCEL: choices = {{"确定", ui::IDOK}, {"取消", ui::IDCANCEL}}; break;
+    case 0x2: choices = {{"中止(&A)", ui::IDABORT}, {"重试(&R)", ui::IDRETRY}, {"忽略(&I)", ui::IDIGNORE}}; break;
+    case ui::MB_YESNOCANCEL: choices = {{"是(&Y)", ui::IDYES}, {"否(&N)", ui::IDNO}, {"取消", ui::IDCANCEL}}; break;
+    case ui::MB_YESNO: choices = {{"是(&Y)", ui::IDYES}, {"否(&N)", ui::IDNO}}; break;
+    case 0x5: choices = {{"重试(&R)", ui::IDRETRY}, {"取消", ui::IDCANCEL}}; break;
+    default: choices = {{"确定", ui::IDOK}}; break;
   }
   std::vector<QPushButton*> buttons;
-  for (const Choice& c : choices) buttons.push_back(box.addButton(QString::fromUtf8(c.text), c.role));
+  for (const Choice& c : choices) buttons.push_back(box.AddButton(QString::fromUtf8(c.text)));
   std::size_t def = (type & 0x200) ? 2 : (type & ui::MB_DEFBUTTON2) ? 1 : 0;
   if (def >= buttons.size()) def = 0;
-  box.setDefaultButton(buttons[def]);
+  box.SetDefaultButton(buttons[def]);
   // Escape answers as the window's close box: cancel where there is one, else the only button.
   for (std::size_t i = 0; i < choices.size(); ++i)
-    if (choices[i].answer == ui::IDCANCEL || choices.size() == 1) box.setEscapeButton(buttons[i]);
+    if (choices[i].answer == ui::IDCANCEL || choices.size() == 1) box.SetEscapeButton(buttons[i]);
   int waiting = wait_depth_;
   for (int i = 0; i < waiting; ++i) QApplication::restoreOverrideCursor();
   box.exec();
   for (int i = 0; i < waiting; ++i) QApplication::setOverrideCursor(Qt::WaitCursor);
   for (std::size_t i = 0; i < buttons.size(); ++i)
-    if (box.clickedButton() == buttons[i]) return choices[i].answer;
-  // Closed without a button (only where no cancel exists): the default answer.
+    if (box.clicked_button() == buttons[i]) return choices[i].answer;
+  // Ended without a button (the application is closing): the default answer.
   return choices[def].answer;
 }
 
@@ -131,6 +121,10 @@ void QtUiHost::ShowReport(const std::string& path) {
   bool opened = open_report_ ? open_report_(path)
                              : QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(path)));
   if (status_) status_(opened ? "计算书已写入 " + path : "计算书已写入 " + path + " (没有可打开它的程序)");
+  // With nothing to open it, the designer is told where to find it, in front of the dialog.
+  if (!opened)
+    MessageBox("计算书已写入:\n" + path + "\n\n本机没有可打开 .docx 文件的程序, 请用字处理程序打开它。", {},
+               ui::MB_OK | ui::MB_ICONINFORMATION);
 }
 
 void QtUiHost::Redraw(ui::Dialog& dlg) {

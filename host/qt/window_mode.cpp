@@ -3,14 +3,19 @@
 #include <cstdlib>
 #include <iostream>
 
+#include <filesystem>
+
 #include <QApplication>
+#include <QGuiApplication>
 #include <QMessageBox>
+#include <QScreen>
 #include <QTimer>
 
 #include "host/core/host_session.h"
 #include "host/qt/font_map.h"
 #include "host/qt/main_window.h"
 #include "host/qt/qt_ui_host.h"
+#include "services/text/data_path.h"
 
 namespace kestra::qt {
 
@@ -31,6 +36,11 @@ int RunWindowMode(int argc, char** argv, const std::string& module_path, const s
                  "Run the calculators headless instead: kestra --script FILE [--report-dir DIR]\n";
     return 1;
   }
+  // Reports name the Chinese fonts of a Chinese Windows (宋体, 黑体); the data root's font
+  // configuration maps them to the installed CJK fonts, for these windows and for the word
+  // processor the reports are opened with. A configuration the user chose stays in force.
+  const std::string fonts_conf = text::DataPath(text::DataRootOfModule(module_path), "fonts\\fonts.conf");
+  if (!std::getenv("FONTCONFIG_FILE") && std::filesystem::exists(fonts_conf)) setenv("FONTCONFIG_FILE", fonts_conf.c_str(), 1);
   QApplication app(argc, argv);
   QApplication::setApplicationName(QStringLiteral("OrvelKestra"));
   QApplication::setStyle(QStringLiteral("Fusion"));
@@ -54,6 +64,12 @@ int RunWindowMode(int argc, char** argv, const std::string& module_path, const s
       return 1;
     }
     window.RefreshCommands();
+    // In the middle of the screen, so that the dialogs centred over it are too.
+    if (const QScreen* screen = QGuiApplication::primaryScreen()) {
+      QRect frame = window.frameGeometry();
+      frame.moveCenter(screen->availableGeometry().center());
+      window.move(frame.topLeft());
+    }
     window.show();
     if (!initial_command.empty())
       QTimer::singleShot(0, &window, [&window, initial_command] { window.RunTyped(initial_command); });

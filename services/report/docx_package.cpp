@@ -37,15 +37,16 @@ std::string DocumentTitle(const ReportDocument& doc) {
   return {};
 }
 
-std::string DocxBytes(const ReportDocument& doc, std::time_t created) {
+std::string DocxBytes(const ReportDocument& doc, std::time_t created, const ProjectInfo& project) {
   // The parts must outlive zip_close, which is when libzip reads them.
-  const std::array<std::pair<const char*, std::string>, 9> parts{{
+  const std::array<std::pair<const char*, std::string>, 10> parts{{
       {"[Content_Types].xml", ContentTypesXml()},
       {"_rels/.rels", PackageRelsXml()},
       {"word/document.xml", DocumentXml(doc)},
       {"word/_rels/document.xml.rels", DocumentRelsXml()},
       {"word/styles.xml", StylesXml(doc)},
       {"word/settings.xml", SettingsXml()},
+      {"word/header1.xml", HeaderXml(project)},
       {"word/footer1.xml", FooterXml()},
       {"docProps/core.xml", CorePropertiesXml(PackageInfo{DocumentTitle(doc), created})},
       {"docProps/app.xml", AppPropertiesXml()},

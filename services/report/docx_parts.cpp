@@ -13,7 +13,8 @@ constexpr std::string_view kRelBase = "http://schemas.openxmlformats.org/officeD
 
 // Page: A4 portrait; margins 2.54 cm top and bottom, 3.17 cm left and right (in twips).
 constexpr std::string_view kSectionProperties =
-    "<w:sectPr><w:footerReference w:type=\"default\" r:id=\"rIdFooter1\"/>"
+    "<w:sectPr><w:headerReference w:type=\"default\" r:id=\"rIdHeader1\"/>"
+    "<w:footerReference w:type=\"default\" r:id=\"rIdFooter1\"/>"
     "<w:pgSz w:w=\"11906\" w:h=\"16838\"/>"
     "<w:pgMar w:top=\"1440\" w:right=\"1800\" w:bottom=\"1440\" w:left=\"1800\" w:header=\"851\" "
     "w:footer=\"992\" w:gutter=\"0\"/><w:cols w:space=\"425\"/></w:sectPr>";
@@ -36,17 +37,21 @@ void AppendFontAttr(std::string& out, std::string_view attr, std::string_view fo
   out += '"';
 }
 
+// The document font as Word sets it on the whole story: one face for every script, so that
+// digits, Latin letters and blanks take the same widths as the Chinese text around them.
+void AppendDocumentFont(std::string& out, std::string_view font) {
+  out += "<w:rFonts";
+  for (std::string_view attr : {"w:ascii", "w:hAnsi", "w:eastAsia"}) AppendFontAttr(out, attr, font);
+  out += "/>";
+}
+
 // One run: its properties, then its text cut at tabs and line breaks into <w:t>, <w:tab/> and
 // <w:br/> (a vertical tab is Word's manual line break).
 void AppendRun(std::string& out, const Run& run, std::string_view font) {
   out += "<w:r>";
   if (!font.empty() || run.kind != RunKind::kPlain) {
     out += "<w:rPr>";
-    if (!font.empty()) {
-      out += "<w:rFonts";
-      AppendFontAttr(out, "w:eastAsia", font);
-      out += "/>";
-    }
+    if (!font.empty()) AppendDocumentFont(out, font);
     if (run.kind == RunKind::kSuperscript) out += "<w:vertAlign w:val=\"superscript\"/>";
     if (run.kind == RunKind::kSubscript) out += "<w:vertAlign w:val=\"subscript\"/>";
     out += "</w:rPr>";
@@ -107,6 +112,7 @@ std::string ContentTypesXml() {
        "<Override PartName=\"/word/document.xml\" ContentType=\"application/vnd.openxmlformats-officedocument.wordprocessingml.document.main+xml\"/>"
        "<Override PartName=\"/word/styles.xml\" ContentType=\"application/vnd.openxmlformats-officedocument.wordprocessingml.styles+xml\"/>"
        "<Override PartName=\"/word/settings.xml\" ContentType=\"application/vnd.openxmlformats-officedocument.wordprocessingml.settings+xml\"/>"
+       "<Override PartName=\"/word/header1.xml\" ContentType=\"application/vnd.openxmlformats-officedocument.wordprocessingml.header+xml\"/>"
        "<Override PartName=\"/word/footer1.xml\" ContentType=\"application/vnd.openxmlformats-officedocument.wordprocessingml.footer+xml\"/>"
        "<Override PartName=\"/docProps/core.xml\" ContentType=\"application/vnd.openxmlformats-package.core-properties+xml\"/>"
        "<Override PartName=\"/docProps/app.xml\" ContentType=\"application/vnd.openxmlformats-officedocument.extended-properties+xml\"/>"
@@ -142,6 +148,7 @@ std::string DocumentRelsXml() {
   };
   rel("rIdStyles", "styles", "styles.xml");
   rel("rIdSettings", "settings", "settings.xml");
+  rel("rIdHeader1", "header", "header1.xml");
   rel("rIdFooter1", "footer", "footer1.xml");
   s += "</Relationships>";
   return s;
@@ -160,23 +167,26 @@ std::string DocumentXml(const ReportDocument& doc) {
   s += "\" xmlns:r=\"";
   s += kNsR;
   s += "\"><w:body>";
-  for (const Paragraph& p : doc.paragraphs) AppendParagraph(s, p, doc.east_asian_font);
+  for (const Paragraph& p : doc.paragraphs) AppendParagraph(s, p, doc.document_font);
   s += kSectionProperties;
   s += "</w:body></w:document>";
   return s;
 }
 
 std::string StylesXml(const ReportDocument& doc) {
-  const std::string_view east_asian =
-      doc.east_asian_font.empty() ? kDefaultEastAsianFont : std::string_view(doc.east_asian_font);
   std::string s(kXmlDecl);
   s += "<w:styles xmlns:w=\"";
   s += kNsW;
   // Body text: 12 pt (小四), 1.5 lines, justified as a Chinese Word's body text is.
-  s += "\"><w:docDefaults><w:rPrDefault><w:rPr><w:rFonts w:ascii=\"Times New Roman\" "
-       "w:hAnsi=\"Times New Roman\"";
-  AppendFontAttr(s, "w:eastAsia", east_asian);
-  s += " w:cs=\"Times New Roman\"/><w:kern w:val=\"2\"/><w:sz w:val=\"24\"/><w:szCs w:val=\"24\"/>"
+  s += "\"><w:docDefaults><w:rPrDefault><w:rPr>";
+  if (doc.document_font.empty()) {
+    s += "<w:rFonts w:ascii=\"Times New Roman\" w:hAnsi=\"Times New Roman\"";
+    AppendFontAttr(s, "w:eastAsia", kDefaultEastAsianFont);
+    s += " w:cs=\"Times New Roman\"/>";
+  } else {
+    AppendDocumentFont(s, doc.document_font);
+  }
+  s += "<w:kern w:val=\"2\"/><w:sz w:val=\"24\"/><w:szCs w:val=\"24\"/>"
        "<w:lang w:val=\"en-US\" w:eastAsia=\"zh-CN\" w:bidi=\"ar-SA\"/></w:rPr></w:rPrDefault>"
        "<w:pPrDefault><w:pPr><w:spacing w:after=\"0\" w:line=\"360\" w:lineRule=\"auto\"/></w:pPr>"
        "</w:pPrDefault></w:docDefaults>";
@@ -215,6 +225,10 @@ std::string StylesXml(const ReportDocument& doc) {
   s += "<w:style w:type=\"character\" w:default=\"1\" w:styleId=\"DefaultParagraphFont\">"
        "<w:name w:val=\"Default Paragraph Font\"/><w:uiPriority w:val=\"1\"/><w:semiHidden/>"
        "<w:unhideWhenUsed/></w:style>"
+       "<w:style w:type=\"paragraph\" w:styleId=\"Header\"><w:name w:val=\"header\"/>"
+       "<w:basedOn w:val=\"Normal\"/><w:uiPriority w:val=\"99\"/><w:unhideWhenUsed/><w:pPr>"
+       "<w:spacing w:line=\"240\" w:lineRule=\"auto\"/><w:jc w:val=\"center\"/></w:pPr>"
+       "<w:rPr><w:sz w:val=\"18\"/><w:szCs w:val=\"18\"/></w:rPr></w:style>"
        "<w:style w:type=\"paragraph\" w:styleId=\"Footer\"><w:name w:val=\"footer\"/>"
        "<w:basedOn w:val=\"Normal\"/><w:uiPriority w:val=\"99\"/><w:unhideWhenUsed/><w:pPr>"
        "<w:spacing w:line=\"240\" w:lineRule=\"auto\"/><w:jc w:val=\"center\"/></w:pPr>"
@@ -232,6 +246,51 @@ std::string SettingsXml() {
   s += "\"><w:defaultTabStop w:val=\"480\"/><w:characterSpacingControl w:val=\"compressPunctuation\"/>"
        "<w:compat><w:compatSetting w:name=\"compatibilityMode\" w:uri=\"http://schemas.microsoft.com/office/word\" "
        "w:val=\"15\"/></w:compat><w:themeFontLang w:val=\"en-US\" w:eastAsia=\"zh-CN\"/></w:settings>";
+  return s;
+}
+
+std::string HeaderXml(const ProjectInfo& project) {
+  // The text width of the page (21 cm less the margins) in twips: the project takes what the
+  // four short fields leave.
+  constexpr int kTextWidth = 11906 - 1800 - 1800;
+  constexpr int kShortField = 1350;
+  const auto width = [](std::size_t field) { return field == 0 ? kTextWidth - 4 * kShortField : kShortField; };
+  std::string s(kXmlDecl);
+  s += "<w:hdr xmlns:w=\"";
+  s += kNsW;
+  s += "\" xmlns:r=\"";
+  s += kNsR;
+  s += "\"><w:tbl><w:tblPr><w:tblW w:w=\"";
+  s += std::to_string(kTextWidth);
+  s += "\" w:type=\"dxa\"/><w:jc w:val=\"center\"/><w:tblBorders>";
+  for (const char* side : {"top", "left", "bottom", "right", "insideH", "insideV"}) {
+    s += "<w:";
+    s += side;
+    s += " w:val=\"single\" w:sz=\"4\" w:space=\"0\" w:color=\"000000\"/>";
+  }
+  s += "</w:tblBorders><w:tblLayout w:type=\"fixed\"/><w:tblLook w:val=\"0000\"/></w:tblPr><w:tblGrid>";
+  for (std::size_t i = 0; i < kProjectFields.size(); ++i) s += "<w:gridCol w:w=\"" + std::to_string(width(i)) + "\"/>";
+  s += "</w:tblGrid>";
+  const auto row = [&](const auto& text_of) {
+    s += "<w:tr>";
+    for (std::size_t i = 0; i < kProjectFields.size(); ++i) {
+      s += "<w:tc><w:tcPr><w:tcW w:w=\"" + std::to_string(width(i)) + "\" w:type=\"dxa\"/></w:tcPr>"
+           "<w:p><w:pPr><w:pStyle w:val=\"Header\"/></w:pPr>";
+      const std::string_view text = text_of(i);
+      if (!text.empty()) {
+        s += "<w:r><w:t xml:space=\"preserve\">";
+        AppendXmlEscaped(s, text);
+        s += "</w:t></w:r>";
+      }
+      s += "</w:p></w:tc>";
+    }
+    s += "</w:tr>";
+  };
+  row([](std::size_t i) { return std::string_view(kProjectFields[i].key); });
+  row([&](std::size_t i) { return std::string_view(project.values[i]); });
+  // A header ends with a paragraph; this one is kept a few points high.
+  s += "</w:tbl><w:p><w:pPr><w:pStyle w:val=\"Header\"/><w:spacing w:line=\"120\" w:lineRule=\"exact\"/></w:pPr></w:p>"
+       "</w:hdr>";
   return s;
 }
 

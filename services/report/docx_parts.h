@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "services/report/project_info.h"
 #include "services/report/report_document.h"
 
 namespace kestra::report {
@@ -24,6 +25,8 @@ std::string DocumentRelsXml();
 std::string DocumentXml(const ReportDocument& doc);
 std::string StylesXml(const ReportDocument& doc);
 std::string SettingsXml();
+// The page header: the project's title block as a small table, labels over values.
+std::string HeaderXml(const ProjectInfo& project);
 std::string FooterXml();
 std::string CorePropertiesXml(const PackageInfo& info);
 std::string AppPropertiesXml();

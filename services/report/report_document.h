@@ -35,8 +35,9 @@ struct Paragraph {
 
 struct ReportDocument {
   std::vector<Paragraph> paragraphs;
-  // The East Asian font set on the whole document; empty: the document default (宋体).
-  std::string east_asian_font;
+  // The font set on the whole document (its Latin, Chinese and East Asian faces alike); empty:
+  // the document defaults (Times New Roman, East Asian 宋体).
+  std::string document_font;
 };
 
 }  // namespace kestra::report

@@ -40,7 +40,8 @@ bool RunReport(ReportTarget& target, const std::function<void(const std::string&
   try {
     writer.OpenReport();
     body(writer);
-    file->Commit(DocxBytes(writer.Document(), options.created != 0 ? options.created : std::time(nullptr)));
+    file->Commit(DocxBytes(writer.Document(), options.created != 0 ? options.created : std::time(nullptr),
+                           target.ReportProject()));
   } catch (const COleDispatchException& e) {
     return fail(OleDispatchExceptionMessage(e), {});
   } catch (const COleException& e) {

@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "services/report/project_info.h"
+
 namespace kestra::report {
 
 class ReportTarget {
@@ -21,6 +23,15 @@ class ReportTarget {
   // product's own message, which names no cause. By default on standard error; a window host
   // shows it in its status line as well.
   virtual void ShowFailureCause(const std::string& cause);
+
+  // The project file whose title block heads the reports (none set: blank values).
+  void SetProjectFile(std::string path) { project_file_ = std::move(path); }
+  const std::string& project_file() const { return project_file_; }
+  // The title block as the project file holds it now.
+  ProjectInfo ReportProject() const { return project_file_.empty() ? ProjectInfo{} : ReadProjectInfo(project_file_); }
+
+ private:
+  std::string project_file_;
 };
 
 // "<dir>/<title> YYYY-MM-DD HHMMSS.docx" for a report written at `local_time`; when a file of

@@ -92,7 +92,7 @@ void ReportWriter::NewParagraph() {
 
 void ReportWriter::SetDocumentFont(std::string_view font_name) {
   Current();
-  doc_.east_asian_font = std::string(font_name);
+  doc_.document_font = std::string(font_name);
 }
 
 void ReportWriter::TitleBlock(std::string_view text, kestra::report::TextMode mode) {

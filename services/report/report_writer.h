@@ -43,7 +43,8 @@ class ReportWriter {
   // Ends the current paragraph; the new one takes the style that follows the current one
   // (after a heading: "Normal"), and keeps the alignment only when the style stays the same.
   void NewParagraph();
-  // Sets the East Asian font of the whole document, text already written and yet to come.
+  // Sets the font of the whole document (Latin letters, digits and Chinese alike), text already
+  // written and yet to come.
   void SetDocumentFont(std::string_view font_name);
 
   // Report blocks.

@@ -99,7 +99,7 @@ TEST(DieselReport, WrittenDocumentHeaderAndFormulaRuns) {
   EXPECT_EQ(doc.paragraphs[0].style_id, kestra::report::FindStyle("标题 1")->id);
   EXPECT_EQ(doc.paragraphs[6].style_id, "Normal");
   EXPECT_EQ(doc.paragraphs[7].style_id, kestra::report::FindStyle("标题 2")->id);
-  EXPECT_EQ(doc.east_asian_font, "宋体");
+  EXPECT_EQ(doc.document_font, "宋体");
 
   // "S<L>G1</L>=P<L>∑</L>/（η<L>∑</L>cosφ）=735.294": subscripts G1 and ∑ (twice), result plain.
   const kestra::report::Paragraph* sg1 = nullptr;

@@ -1,9 +1,13 @@
-// The host session's command stack and resource stack, without a module.
+// The host session's command stack and resource stack, without a module; the project command.
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
+#include <filesystem>
 #include <sstream>
 
 #include "host/core/host_session.h"
+#include "host/core/project_command.h"
 #include "ui/headless_host.h"
 #include "ui/resource_script.h"
 
@@ -55,6 +59,29 @@ TEST(HostSession, CommandsResourcesAndOutput) {
   std::string path = kestra::host::DefaultModulePath();
   EXPECT_TRUE(path.ends_with("/OrvelKestra.so")) << path;
   EXPECT_EQ(path.front(), '/');
+}
+
+// `kestra project`: what a designer types and what it answers, on a data root of its own.
+TEST(ProjectCommand, SetsAndShowsTheTitleBlock) {
+  namespace fs = std::filesystem;
+  const fs::path root = fs::temp_directory_path() / ("kestra_project_" + std::to_string(::getpid()));
+  fs::remove_all(root);
+  auto run = [&](std::vector<std::string> args, std::string* out_text = nullptr) {
+    std::ostringstream out, err;
+    const int rc = kestra::host::RunProjectCommand(args, root.string(), out, err);
+    if (out_text) *out_text = out.str();
+    return std::to_string(rc) + (err.str().empty() ? "" : " " + err.str().substr(0, err.str().find('\n')));
+  };
+  EXPECT_EQ(run({"set", "project", "滨江花园 10kV 变电所"}), "0");
+  EXPECT_EQ(run({"set", "校对", "李工"}), "0");
+  EXPECT_EQ(run({"set", "reviewer", "王工"}).substr(0, 45), "1 kestra project: unknown project field \"revi");
+  EXPECT_EQ(run({"set", "project"}), "1 usage: kestra project show");
+  EXPECT_EQ(run({"list"}), "1 usage: kestra project show");
+  std::string shown;
+  EXPECT_EQ(run({"show"}, &shown), "0");
+  EXPECT_EQ(shown, (root / "Kestra" / "工程信息.idp").string() +
+                       "\n工程名称 = 滨江花园 10kV 变电所\n设计阶段 = \n设计 = \n校对 = 李工\n日期 = \n");
+  fs::remove_all(root);
 }
 
 }  // namespace

@@ -10,7 +10,9 @@
 #include <QApplication>
 #include <QDateTime>
 #include <QFontInfo>
+#include <QGuiApplication>
 #include <QMessageBox>
+#include <QScreen>
 
 #include "host/qt/font_map.h"
 #include "host/qt/report_path.h"
@@ -58,7 +60,18 @@ TEST(QtHost, MessageBoxesAnswerWithTheButtonPressed) {
     if (c.default_button) {
       EXPECT_EQ(seen.default_button, c.default_button);
     }
+    // As the system draws a box: room for an icon only when there is one, buttons centred.
+    EXPECT_EQ(seen.icon_room, (c.type & 0xF0) != 0);
+    EXPECT_TRUE(seen.centred);
   }
+  // A long message is wrapped (between Chinese characters) to five eighths of the screen.
+  std::string long_text;
+  for (int i = 0; i < 40; ++i) long_text += "补偿后功率因数必须大于补偿前的功率因数";
+  SeenBox seen;
+  AnswerNextMessageBox("确定", &seen);
+  scope.host().MessageBox(long_text, "警告", ui::MB_OK);
+  const int screen = QGuiApplication::primaryScreen()->availableGeometry().width();
+  EXPECT_EQ(seen.text_width, screen * 5 / 8);
 }
 
 TEST(QtHost, DialogFontsMapToTheInstalledCjkFonts) {

@@ -2,18 +2,24 @@
 // calculators' menu, and the module's own lines.
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <filesystem>
 
 #include <QAction>
+#include <QApplication>
 #include <QDialog>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QTest>
 #include <QTimer>
 
 #include "host/core/host_session.h"
 #include "host/qt/main_window.h"
+#include "host/qt/project_dialog.h"
+#include "services/report/project_info.h"
 #include "qt_test_support.h"
 
 namespace kestra::qt::testing {
@@ -85,6 +91,33 @@ TEST(QtMainWindow, CommandsTypedOrPickedOpenTheirCalculators) {
   ASSERT_EQ(captions.size(), 3u);
   EXPECT_EQ(captions[2], "柴油发电机组容量计算");
   session.Unload();
+}
+
+// The title block dialog: what the designer types there is what the project file then holds;
+// a field left as it was is not written.
+TEST(QtMainWindow, ProjectDialogKeepsTheTitleBlock) {
+  EnsureApp();
+  QtUiHost ui;
+  const std::filesystem::path dir = std::filesystem::temp_directory_path() / ("kestra_project_qt_" + std::to_string(::getpid()));
+  std::filesystem::remove_all(dir);
+  const std::string file = (dir / "工程信息.idp").string();
+  ASSERT_TRUE(kestra::report::SetProjectValue(file, "checker", "李工", nullptr));
+  for (bool ok : {false, true}) {
+    QTimer::singleShot(0, [ok] {
+      for (QWidget* w : QApplication::topLevelWidgets()) {
+        if (w->objectName() != QStringLiteral("kestra_project_dialog") || !w->isVisible()) continue;
+        EXPECT_EQ(w->findChild<QLineEdit*>(QStringLiteral("checker"))->text().toStdString(), "李工");
+        w->findChild<QLineEdit*>(QStringLiteral("project"))->setText(QStringLiteral(" 滨江花园二期 "));
+        w->findChild<QLineEdit*>(QStringLiteral("stage"))->setText(QStringLiteral("施工图"));
+        for (QPushButton* b : w->findChildren<QPushButton*>())
+          if (b->text() == QString::fromUtf8(ok ? "确定" : "取消")) b->click();
+      }
+    });
+    EXPECT_EQ(EditProject(nullptr, ui, file), ok);
+    EXPECT_EQ(kestra::report::ReadProjectInfo(file),
+              (kestra::report::ProjectInfo{{ok ? "滨江花园二期" : "", ok ? "施工图" : "", "", "李工", ""}}));
+  }
+  std::filesystem::remove_all(dir);
 }
 
 }  // namespace

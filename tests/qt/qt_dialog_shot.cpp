@@ -4,6 +4,8 @@
 // DIALOG, CHILD and CONTROL are ids or symbols; each child form is shown inside the dialog at
 // (X, Y) dialog units, a trailing "w" gives it a white background; a picture control shows the
 // named slide of a slide library, a rich-text control a description page.
+// A message box of the host:
+//   qt_dialog_shot --message TEXT TYPE OUT.png          (TYPE: the MB_ value, e.g. 0x30)
 #include <cstdio>
 #include <functional>
 #include <fstream>
@@ -15,9 +17,11 @@
 #include <QApplication>
 #include <QDialog>
 #include <QPixmap>
+#include <QPushButton>
 #include <QTimer>
 
 #include "host/qt/dialog_view.h"
+#include "host/qt/message_box.h"
 #include "host/qt/qt_ui_host.h"
 #include "ui/dialog.h"
 #include "ui/resource_script.h"
@@ -68,7 +72,25 @@ int Fail(const char* what, const std::string& arg, int status = 1) {
 
 }  // namespace
 
+int MessageShot(const char* text, const char* type, const char* out) {
+  kestra::qt::QtUiHost host;
+  bool saved = false;
+  QTimer::singleShot(50, [&] {
+    for (QWidget* w : QApplication::topLevelWidgets())
+      if (auto* box = dynamic_cast<kestra::qt::MessageBoxWindow*>(w); box && box->isVisible()) {
+        saved = box->grab().save(QString::fromLocal8Bit(out));
+        box->default_button()->click();
+      }
+  });
+  host.MessageBox(text, {}, static_cast<unsigned>(std::strtoul(type, nullptr, 0)));
+  return saved ? 0 : Fail("cannot write", out);
+}
+
 int main(int argc, char** argv) {
+  if (argc == 5 && std::string(argv[1]) == "--message") {
+    QApplication app(argc, argv);
+    return MessageShot(argv[2], argv[3], argv[4]);
+  }
   if (argc < 4) return Fail("usage:", std::string(argv[0]) + " FILE.rc DIALOG OUT.png [CHILD@X,Y[w] | CONTROL=LIBRARY.slb#SLIDE | CONTROL=PAGE.rtf ...]", 2);
   QApplication app(argc, argv);
   std::ifstream in(argv[1], std::ios::binary);

@@ -6,12 +6,12 @@
 
 #include <gtest/gtest.h>
 
-#include <QAbstractButton>
 #include <QApplication>
-#include <QMessageBox>
+#include <QLabel>
 #include <QPushButton>
 #include <QTimer>
 
+#include "host/qt/message_box.h"
 #include "ui/ui_host.h"
 
 namespace kestra::qt::testing {
@@ -72,14 +72,20 @@ int RunWith(QtUiHost& host, ui::Dialog& dlg, const std::function<void(DialogView
 void AnswerNextMessageBox(const std::string& button_text, SeenBox* seen) {
   QTimer::singleShot(0, [=] {
     for (QWidget* w : QApplication::topLevelWidgets()) {
-      auto* box = qobject_cast<QMessageBox*>(w);
+      auto* box = dynamic_cast<MessageBoxWindow*>(w);
       if (!box || !box->isVisible()) continue;
       if (seen) {
-        *seen = SeenBox{box->text().toStdString(), box->windowTitle().toStdString(),
-                        box->defaultButton() ? box->defaultButton()->text().toStdString() : "", box->icon()};
+        QRect row;
+        for (QPushButton* b : box->buttons()) row |= QRect(b->mapTo(box, QPoint(0, 0)), b->size());
+        *seen = SeenBox{box->text_label()->text().toStdString(), box->windowTitle().toStdString(),
+                        box->default_button() ? box->default_button()->text().toStdString() : "",
+                        box->icon(),
+                        box->icon_label() != nullptr,
+                        std::abs(row.center().x() - box->width() / 2) <= 1,
+                        box->text_label()->width()};
       }
-      if (button_text == "<default>" && box->defaultButton()) return box->defaultButton()->click();
-      for (QAbstractButton* b : box->buttons())
+      if (button_text == "<default>" && box->default_button()) return box->default_button()->click();
+      for (QPushButton* b : box->buttons())
         if (b->text().toStdString() == button_text) return b->click();
       box->close();
       return;

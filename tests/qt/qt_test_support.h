@@ -42,6 +42,9 @@ int RunWith(QtUiHost& host, ui::Dialog& dlg, const std::function<void(DialogView
 struct SeenBox {
   std::string text, title, default_button;
   int icon = -1;  // QMessageBox::Icon
+  bool icon_room = false;  // the icon's place is shown
+  bool centred = false;    // the buttons are centred
+  int text_width = 0;      // of the text's label, in pixels
 };
 // Later, answers the message box that is up (first one found): clicks the button with the
 // given text, its default button for "<default>", or closes it for "".

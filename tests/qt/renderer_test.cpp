@@ -24,6 +24,7 @@
 #include "qt_test_support.h"
 #include "ui/actions.h"
 #include "ui/dialog.h"
+#include "ui/focus.h"
 
 namespace kestra::qt::testing {
 namespace {
@@ -336,6 +337,60 @@ TEST(QtRenderer, ASubDialogRunsModallyInsideItsOwner) {
   EXPECT_EQ(sub_parent, owner_window);
   EXPECT_EQ(dlg.sub_result, ui::IDOK);
   EXPECT_EQ(r, ui::IDCANCEL);
+}
+
+// The keyboard as on a native dialog: the first tab stop has the focus with its text selected,
+// a radio group is one tab stop whose arrow keys move and click within it, a program's long
+// number shows its leading digits, and a checked radio stays checked while its click's
+// sub-dialog is open.
+TEST(QtRenderer, FocusTabStopsRadioGroupsAndTextsSetByTheProgram) {
+  QtScope scope;
+  struct Owner : TestDlg {
+    Owner() {
+      On(IDC_RADIO1, ui::Notify::Clicked, [this] {
+        ui::Dialog sub(IDD_SUB);
+        sub.DoModal();
+      });
+    }
+  } dlg;
+  std::vector<int> stops;
+  bool radio_checked_under_sub = false;
+  RunWith(scope.host(), dlg, [&](DialogView& v) {
+    for (ui::Control* c : ui::TabStops(dlg)) stops.push_back(c->id());
+    auto* cos1 = WidgetAs<QLineEdit>(v, dlg.GetDlgItem(IDC_COS1));
+    EXPECT_EQ(v.window()->focusWidget(), cos1);
+    EXPECT_EQ(cos1->selectedText().toStdString(), "0.5");
+
+    QTest::keyClick(cos1, Qt::Key_Tab);
+    auto* radio1 = WidgetAs<QRadioButton>(v, dlg.GetDlgItem(IDC_RADIO1));
+    auto* radio2 = WidgetAs<QRadioButton>(v, dlg.GetDlgItem(IDC_RADIO2));
+    EXPECT_EQ(v.window()->focusWidget(), radio1);
+    QTest::keyClick(radio1, Qt::Key_Down);
+    EXPECT_EQ(v.window()->focusWidget(), radio2);
+    EXPECT_TRUE(radio2->isChecked());
+    EXPECT_FALSE(radio1->isChecked());
+    EXPECT_EQ(dlg.radio2_clicks, 1);
+    QTest::keyClick(radio2, Qt::Key_Tab, Qt::ShiftModifier);
+    EXPECT_EQ(v.window()->focusWidget(), cos1);
+    EXPECT_EQ(cos1->selectedText().toStdString(), "0.5");
+
+    dlg.SetDlgItemText(IDC_RESULT, "179441.860123456789");
+    EXPECT_EQ(WidgetAs<QLineEdit>(v, dlg.GetDlgItem(IDC_RESULT))->cursorPosition(), 0);
+
+    // Clicking the checked radio again: its handler's sub-dialog opens over a checked button.
+    dlg.CheckRadioButton(IDC_RADIO1, IDC_RADIO2, IDC_RADIO1);
+    QTimer::singleShot(0, [&] {
+      radio_checked_under_sub = radio1->isChecked();
+      scope.host().TopView()->window()->close();
+    });
+    QTest::mouseClick(radio1, Qt::LeftButton, {}, QPoint(4, radio1->height() / 2));
+    EXPECT_TRUE(radio1->isChecked());
+  });
+  // Tab order: the edit, the radio group once (its checked button), then the rest in template
+  // order; the hidden form, the hidden and the disabled edit are passed over.
+  EXPECT_EQ(stops, (std::vector<int>{IDC_COS1, IDC_RADIO1, IDC_CHECK, IDC_COMBO, IDC_RESULT, IDC_EDITCOMBO, IDC_COUNT,
+                                     IDC_CALC, IDC_REPORT, IDC_SUBDLG, ui::IDOK, ui::IDCANCEL}));
+  EXPECT_TRUE(radio_checked_under_sub);
 }
 
 }  // namespace

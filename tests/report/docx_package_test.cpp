@@ -157,8 +157,12 @@ TEST_F(DocxTest, DocumentFontGoesOnEveryRunAndTheDefaults) {
     return n;
   };
   EXPECT_GT(count("<w:r>"), 20u);
-  EXPECT_EQ(count("<w:r><w:rPr><w:rFonts w:eastAsia=\"仿宋\"/>"), count("<w:r>"));
-  EXPECT_TRUE(Has(Member(path, "word/styles.xml"), "w:eastAsia=\"仿宋\" w:cs="));
+  // The whole font, as a word processor sets it: Latin letters and digits too.
+  const std::string fonts = "<w:rFonts w:ascii=\"仿宋\" w:hAnsi=\"仿宋\" w:eastAsia=\"仿宋\"/>";
+  EXPECT_EQ(count("<w:r><w:rPr>" + fonts), count("<w:r>"));
+  const std::string styles = Member(path, "word/styles.xml");
+  EXPECT_TRUE(Has(styles, "<w:rPrDefault><w:rPr>" + fonts));
+  EXPECT_FALSE(Has(styles, "Times New Roman"));
 }
 
 TEST(XmlText, EscapesAndDropsWhatXmlForbids) {

@@ -88,7 +88,7 @@ TEST_F(WriterTest, OpeningDocumentFontAndUseBeforeOpening) {
     EXPECT_EQ(paras()[0].style_id, "Normal");
     EXPECT_FALSE(paras()[0].alignment.has_value());
     EXPECT_TRUE(paras()[0].runs.empty());
-    EXPECT_TRUE(w.Document().east_asian_font.empty());
+    EXPECT_TRUE(w.Document().document_font.empty());
     EXPECT_FALSE(w.HeaderDone());
     w.InsertPlainRun("x");
     w.SetDocumentFont("宋体");
