@@ -35,6 +35,10 @@ struct FieldRef {
   bool operator==(const FieldRef&) const = default;
 };
 
+// The text a result edit shows: the value with "%.3f", or what stands for no number
+// (kNoLineDataText, kNoFormulaText of dyss_messages.h; "溢出"/"无效" for a value not finite).
+std::string ResultText(Outcome outcome, double value);
+
 // The voltage-loss page: what the shown form holds (forms 0 to 4). Single-load forms use
 // element 0 of the arrays; empty texts count 0.
 struct LossInputs {
