@@ -124,6 +124,12 @@ std::array<std::string, 3> CDyssForm::LineValues() const {
   return line_ ? line_->values() : std::array<std::string, 3>{};
 }
 
+ShownInputs CDyssForm::Shown(const ui::Dialog& page, int kind_list, int case_list) const {
+  ShownInputs s{page.GetDlgItemText(kind_list), page.GetDlgItemText(case_list), {}, CosText()};
+  if (line_) s.line = line_->Shown();
+  return s;
+}
+
 std::string CDyssForm::CosText() const { return spec_.cos_edit ? GetDlgItemText(spec_.cos_edit) : std::string(); }
 
 }  // namespace kestra::dyss

@@ -79,6 +79,8 @@ class CDyssForm : public ui::Dialog {
   std::array<std::string, 3> LineValues() const;
   // The cosφ edit as shown.
   std::string CosText() const;
+  // What the page (with its line-kind and load-situation lists) shows around this form.
+  ShownInputs Shown(const ui::Dialog& page, int kind_list, int case_list) const;
 
  private:
   std::string Key(const ParamKey& k) const { return spec_.prefix + k.name; }

@@ -53,6 +53,11 @@ std::string ResultText(Outcome outcome, double value) {
   }
 }
 
+PhiTerms PhiTermsOf(double cos_phi) {
+  const double sin_phi = std::sqrt(1 - cos_phi * cos_phi);
+  return {cos_phi, sin_phi, sin_phi / cos_phi};
+}
+
 const std::string& TextOf(const LossInputs& in, FieldRef f) {
   const auto k = static_cast<std::size_t>(f.element);
   switch (f.field) {

@@ -124,6 +124,12 @@ struct HarmonicLength {
 HarmonicLength ComputeHarmonicLength(const LengthResult& line, std::string_view i_prime_text,
                                      std::string_view rated_text);
 
+// sinφ = √(1 − cosφ·cosφ) and tgφ = sinφ / cosφ of a power factor, as the reports write them.
+struct PhiTerms {
+  double cos_phi, sin_phi, tan_phi;
+};
+PhiTerms PhiTermsOf(double cos_phi);
+
 // One step of a power-factor spin: cosφ − delta/20, limited to 0..1 (the up arrow reports −1).
 double SpinPowerFactor(double cos_phi, int delta);
 

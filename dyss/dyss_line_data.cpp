@@ -92,4 +92,11 @@ std::optional<int> LineData::IndexPosition(int i) const {
 
 std::string LineData::LabelText() const { return form_.GetDlgItemText(ids_.line_data); }
 
+ShownLine LineData::Shown() const {
+  ShownLine s{LineName(), {}, LabelText()};
+  for (std::size_t i = 0; i < lists_.size(); ++i)
+    s.indexes.emplace_back(lists_.label(i)->GetWindowText(), lists_.list(i)->GetWindowText());
+  return s;
+}
+
 }  // namespace kestra::dyss

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "dyss/dyss_ids.h"
+#include "dyss/dyss_report.h"
 #include "dyss/dyss_state.h"
 #include "forms/key_lists.h"
 
@@ -39,6 +40,7 @@ class LineData {
   // R′ (Ω/km), X′ (Ω/km) and U (kV) as read; empty before the first row is found.
   const std::array<std::string, 3>& values() const { return values_; }
   std::string LabelText() const;
+  ShownLine Shown() const;
 
  private:
   // Column scan for the line-name list's table; false when the catalogue raised an error.

@@ -211,10 +211,15 @@ bool CDyssPage1::Calculate() {
     MessageBox(refusal->message, {}, ui::MB_OK);
     return false;
   }
-  const LossResult r = ComputeLoss(in);
-  m_strResult = ResultText(r.outcome, r.du);
+  last_inputs_ = in;
+  last_result_ = ComputeLoss(in);
+  m_strResult = ResultText(last_result_.outcome, last_result_.du);
   UpdateData(false);
   return true;
+}
+
+LossReportData CDyssPage1::ReportData() const {
+  return {Form(last_inputs_.form).Shown(*this, IDC_DYSS_KIND, IDC_DYSS_CASE), last_inputs_, last_result_, m_strResult};
 }
 
 }  // namespace kestra::dyss

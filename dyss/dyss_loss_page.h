@@ -5,6 +5,7 @@
 #include <string>
 
 #include "dyss/dyss_form.h"
+#include "dyss/dyss_report.h"
 #include "forms/form_frame.h"
 #include "ui/property_sheet.h"
 
@@ -54,6 +55,8 @@ class CDyssPage1 : public ui::PropertyPage {
   bool Calculate();
   // "确定" on this page: the positions and the chosen form's keys, working values untouched.
   void StoreForOk();
+  // What the report of the last calculation prints; call after Calculate returned true.
+  LossReportData ReportData() const;
 
   // Form 0..4 (another index: form 0).
   CDyssForm& Form(int index) const;
@@ -82,6 +85,8 @@ class CDyssPage1 : public ui::PropertyPage {
   forms::FormFrame frame_;
   int m_nCurForm = -1;
   std::string m_strResult;
+  LossInputs last_inputs_;
+  LossResult last_result_;
 };
 
 }  // namespace kestra::dyss

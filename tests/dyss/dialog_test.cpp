@@ -207,6 +207,9 @@ TEST_F(DyssDialogTest, LineCatalogueListsQueriesAndLineData) {
     EXPECT_EQ(C(d, 103).items(), (Texts{"土壤", "空气"}));
     EXPECT_EQ((Texts{T(d, 101), T(d, 102), T(d, 103)}), (Texts{"1", "40", "土壤"}));
     EXPECT_EQ(T(d, IDC_DYSS_F0_LINE_DATA), "电阻(Ω/km):0.46  感抗(Ω/km):0.081  电压(kV):0.4");
+    const ShownLine shown = d.loss_page().Form(0).line()->Shown();
+    EXPECT_EQ(shown.indexes.size(), 3u);
+    EXPECT_EQ(shown.indexes[1], (std::pair<std::string, std::string>{"截面:", "40"}));
 
     // A new first index: the second list under it keeps "40".
     Select(d, 101, 1);
