@@ -20,25 +20,25 @@ std::string* FormTexts::At(FieldRef f) {
   }
 }
 
-CDyssForm::CDyssForm(FormSpec spec, DyssState& state, FormWorking working, std::function<void()> on_line_chosen)
-    : ui::Dialog(spec.template_id), spec_(std::move(spec)), state_(state), working_(std::move(working)) {
-  if (spec_.line) {
-    line_.emplace(*this, *spec_.line, state_);
-    On(spec_.line->line_name, ui::Notify::SelChange, [this, chosen = std::move(on_line_chosen)] {
+CDyssForm::CDyssForm(FormDefinition def, DyssState& state, FormWorking working, std::function<void()> on_line_chosen)
+    : ui::Dialog(def.template_id), def_(std::move(def)), state_(state), working_(std::move(working)) {
+  if (def_.line) {
+    line_.emplace(*this, *def_.line, state_);
+    On(def_.line->line_name, ui::Notify::SelChange, [this, chosen = std::move(on_line_chosen)] {
       line_->Choose(m_nLineSel, *working_.line);
       if (chosen) chosen();
     });
   }
-  if (spec_.cos_spin)
-    OnArg(spec_.cos_spin, ui::Notify::DeltaPos,
-          [this](int delta) { StepPowerFactor(*this, spec_.cos_edit, m_texts.cos_phi, delta); });
+  if (def_.cos_spin)
+    OnArg(def_.cos_spin, ui::Notify::DeltaPos,
+          [this](int delta) { StepPowerFactor(*this, def_.cos_edit, m_texts.cos_phi, delta); });
 }
 
 void CDyssForm::DoDataExchange(ui::DataExchange& dx) {
   // cosφ before the loads and lengths: a cosφ that is not a number stops the exchange there.
-  if (spec_.line) dx.ComboIndex(spec_.line->line_name, m_nLineSel);
-  if (spec_.cos_edit) dx.Real(spec_.cos_edit, m_texts.cos_phi);
-  for (const ParamKey& k : spec_.keys)
+  if (def_.line) dx.ComboIndex(def_.line->line_name, m_nLineSel);
+  if (def_.cos_edit) dx.Real(def_.cos_edit, m_texts.cos_phi);
+  for (const ParamKey& k : def_.keys)
     if (std::string* t = k.role == Role::kFieldText ? m_texts.At(k.field) : nullptr) dx.Text(k.control, *t);
 }
 
@@ -46,7 +46,7 @@ bool CDyssForm::OnInitDialog() {
   ui::Dialog::OnInitDialog();
   if (line_) line_->FillLineNames();
   if (CInterDpData* tree = state_.idp) {
-    for (const ParamKey& k : spec_.keys) {
+    for (const ParamKey& k : def_.keys) {
       if (!k.read) continue;
       const std::string t = idp::ValueOr(*tree, Key(k), k.default_text);
       switch (k.role) {
@@ -55,7 +55,7 @@ bool CDyssForm::OnInitDialog() {
         case Role::kPowerFactor: m_texts.cos_phi = *working_.cos_phi = text::WcsToD(t); break;
         case Role::kFieldText: {
           if (std::string* field = m_texts.At(k.field)) *field = t;
-          const bool to_working = k.field.field != Field::kLength || spec_.length_to_working_at_start;
+          const bool to_working = k.field.field != Field::kLength || def_.length_to_working_at_start;
           if (double* w = working_.field ? working_.field(k.field) : nullptr; w && to_working) *w = text::WcsToD(t);
           break;
         }
@@ -73,7 +73,7 @@ void CDyssForm::Store(const PageTexts& page, StoreMode mode) {
   UpdateData(true);
   const bool leave = mode == StoreMode::kLeave;
   CInterDpData* tree = state_.idp;
-  for (const ParamKey& k : spec_.keys) {
+  for (const ParamKey& k : def_.keys) {
     if (!leave && !k.on_ok) continue;
     std::optional<std::string> text;
     switch (k.role) {
@@ -112,8 +112,8 @@ void CDyssForm::Load(std::string* require) {
     line_->Open(m_nLineSel, *working_.line);
     line_->Show();
   }
-  if (spec_.cos_edit) m_texts.cos_phi = *working_.cos_phi;
-  for (const ParamKey& k : spec_.keys)
+  if (def_.cos_edit) m_texts.cos_phi = *working_.cos_phi;
+  for (const ParamKey& k : def_.keys)
     if (double* w = k.role == Role::kFieldText && working_.field ? working_.field(k.field) : nullptr)
       if (std::string* t = m_texts.At(k.field)) *t = text::Format3f(*w);
   if (require && working_.require) *require = *working_.require;
@@ -130,6 +130,6 @@ ShownInputs CDyssForm::Shown(const ui::Dialog& page, int kind_list, int case_lis
   return s;
 }
 
-std::string CDyssForm::CosText() const { return spec_.cos_edit ? GetDlgItemText(spec_.cos_edit) : std::string(); }
+std::string CDyssForm::CosText() const { return def_.cos_edit ? GetDlgItemText(def_.cos_edit) : std::string(); }
 
 }  // namespace kestra::dyss

@@ -26,7 +26,7 @@ struct FormTexts {
   std::string* At(FieldRef f);
 };
 
-struct FormSpec {
+struct FormDefinition {
   int template_id = 0;
   std::span<const ParamKey> keys;  // LossFormKeys(n) or LengthFormKeys(n)
   std::string prefix;              // the form's key prefix
@@ -59,7 +59,7 @@ enum class StoreMode {
 class CDyssForm : public ui::Dialog {
  public:
   // on_line_chosen: the designer chose another line (the page empties its result).
-  CDyssForm(FormSpec spec, DyssState& state, FormWorking working, std::function<void()> on_line_chosen);
+  CDyssForm(FormDefinition def, DyssState& state, FormWorking working, std::function<void()> on_line_chosen);
 
   bool OnInitDialog() override;
   void DoDataExchange(ui::DataExchange& dx) override;
@@ -83,9 +83,9 @@ class CDyssForm : public ui::Dialog {
   ShownInputs Shown(const ui::Dialog& page, int kind_list, int case_list) const;
 
  private:
-  std::string Key(const ParamKey& k) const { return spec_.prefix + k.name; }
+  std::string Key(const ParamKey& k) const { return def_.prefix + k.name; }
 
-  FormSpec spec_;
+  FormDefinition def_;
   DyssState& state_;
   FormWorking working_;
   std::optional<LineData> line_;

@@ -11,8 +11,8 @@
 namespace kestra::dyss {
 namespace {
 
-FormSpec LengthSpec(int form) {
-  FormSpec s;
+FormDefinition LengthDefinition(int form) {
+  FormDefinition s;
   const auto f = static_cast<std::size_t>(form);
   s.template_id = kLengthFormTemplates[f];
   s.keys = LengthFormKeys(form);
@@ -45,9 +45,9 @@ constexpr int kSectionControls[] = {IDC_DYSS_HARM_LIST, IDC_DYSS_I_PRIME, IDC_DY
 }  // namespace
 
 CDyssPage2Input1::CDyssPage2Input1(DyssState& state, std::function<void()> on_line_chosen)
-    : CDyssForm(LengthSpec(0), state, LengthWorking(state), std::move(on_line_chosen)) {}
+    : CDyssForm(LengthDefinition(0), state, LengthWorking(state), std::move(on_line_chosen)) {}
 CDyssPage2Input2::CDyssPage2Input2(DyssState& state, std::function<void()> on_line_chosen)
-    : CDyssForm(LengthSpec(1), state, LengthWorking(state), std::move(on_line_chosen)) {}
+    : CDyssForm(LengthDefinition(1), state, LengthWorking(state), std::move(on_line_chosen)) {}
 
 CDyssPage2::CDyssPage2(DyssState& state)
     : ui::PropertyPage(IDD_DYSS_LENGTH_PAGE, "计算线路长度"),

@@ -14,8 +14,8 @@
 namespace kestra::dyss {
 namespace {
 
-FormSpec LossSpec(int form) {
-  FormSpec s;
+FormDefinition LossDefinition(int form) {
+  FormDefinition s;
   const auto f = static_cast<std::size_t>(form);
   s.template_id = kLossFormTemplates[f];
   s.keys = LossFormKeys(form);
@@ -50,16 +50,16 @@ int ReadPosition(const DyssState& state, const ParamKey& key) {
 }  // namespace
 
 CDyssPage1Input1::CDyssPage1Input1(DyssState& state, std::function<void()> on_line_chosen)
-    : CDyssForm(LossSpec(0), state, LossWorking(state), std::move(on_line_chosen)) {}
+    : CDyssForm(LossDefinition(0), state, LossWorking(state), std::move(on_line_chosen)) {}
 CDyssPage1Input2::CDyssPage1Input2(DyssState& state, std::function<void()> on_line_chosen)
-    : CDyssForm(LossSpec(1), state, LossWorking(state), std::move(on_line_chosen)) {}
+    : CDyssForm(LossDefinition(1), state, LossWorking(state), std::move(on_line_chosen)) {}
 CDyssPage1Input3::CDyssPage1Input3(DyssState& state, std::function<void()> on_line_chosen)
-    : CDyssForm(LossSpec(2), state, LossWorking(state), std::move(on_line_chosen)) {}
+    : CDyssForm(LossDefinition(2), state, LossWorking(state), std::move(on_line_chosen)) {}
 CDyssPage1Input4::CDyssPage1Input4(DyssState& state, std::function<void()> on_line_chosen)
-    : CDyssForm(LossSpec(3), state, LossWorking(state), std::move(on_line_chosen)) {}
+    : CDyssForm(LossDefinition(3), state, LossWorking(state), std::move(on_line_chosen)) {}
 
 CDyssPage1Input5::CDyssPage1Input5(DyssState& state)
-    : CDyssForm(LossSpec(4), state, LossWorking(state), nullptr), state_(state) {
+    : CDyssForm(LossDefinition(4), state, LossWorking(state), nullptr), state_(state) {
   On(IDC_DYSS_F4_C_PICK, ui::Notify::Clicked, [this] { OnPickCoefficient(); });
 }
 

@@ -37,7 +37,7 @@ struct LossReportData {
   std::string result_text;           // the result as shown
 };
 
-// Part of the line-length report for kind 0 with the section selection on: the texts shown.
+// The harmonic part of the line-length report (kind 0 with the section selection on): the texts shown.
 struct HarmonicShown {
   std::string list_text;     // the harmonic list
   std::string k_text;        // K

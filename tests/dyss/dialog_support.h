@@ -30,7 +30,7 @@ using Texts = std::vector<std::string>;
 // The catalogue, in its order. "示例电缆" holds the handbook's example lines: 95 is the line of
 // the voltage-loss examples (R′ 0.193, X′ 0.08, U 0.38), 150 the line of the length examples
 // (R′ 0.5); its natural order is 95, 120, 150.
-inline const char* const kTables = "a.csv\t示例电缆\nb.csv\t三列\nc.csv\t无索引\nd.csv\t空表\n";
+inline const char* const kTables = "a.csv\t示例电缆\nb.csv\t三列\nc.csv\t无索引\nd.csv\t空表\ne.csv\t两列\n";
 inline const char* const kExampleLine =
     "序号,￥截面,R,X,U\n1,95,0.193,0.08,0.38\n2,150,0.5,0.08,0.38\n3,120,0.153,0.075,0.38\n";
 inline const char* const kThreeKeys =
@@ -39,13 +39,14 @@ inline const char* const kThreeKeys =
     "8,1,40,土壤,0.46,0.081,0.4\n9,2,40,土壤,0.47,0.082,0.4\n";
 inline const char* const kNoKeys = "序号,R,X,U\n1,0.5,0.08,0.38\n2,0.6,0.09,0.4\n";
 inline const char* const kNoRows = "序号,￥截面,R,X,U\n";
+inline const char* const kTwoKeys = "序号,￥型号,￥截面,R,X,U\n1,LJ,25,1.28,0.345,0.38\n2,LGJ,35/6,0.85,0.336,0.38\n3,LJ,16,2.0,0.358,0.38\n";
 
 class DyssDialogTest : public ::testing::Test {
  protected:
   static void SetUpTestSuite() {
     dir_ = new tabledb::test::TempDir;
     for (const auto& [name, text] : {std::pair{"tables.txt", kTables}, {"a.csv", kExampleLine}, {"b.csv", kThreeKeys},
-                                     {"c.csv", kNoKeys}, {"d.csv", kNoRows}})
+                                     {"c.csv", kNoKeys}, {"d.csv", kNoRows}, {"e.csv", kTwoKeys}})
       tabledb::test::WriteFile(*dir_ / ("src/" + std::string(name)), text);
     ASSERT_EQ(catalog::BuildCatalogue(*dir_ / "src", *dir_ / "cat.db"), "");
   }
@@ -100,8 +101,8 @@ class DyssDialogTest : public ::testing::Test {
 inline tabledb::test::TempDir* DyssDialogTest::dir_ = nullptr;
 
 // The paragraphs of a written report as a reader sees them: tabs as "\t", a superscript run
-// between "<U>" and "</U>" (the writer follows each with a plain space, so Part's "…<U>2</U>)"
-// reads "…<U>2</U> )").
+// between "<U>" and "</U>" (the writer follows each with a plain space, so a line written
+// "…<U>2</U>)" reads "…<U>2</U> )").
 inline Texts ReportParagraphs(const std::string& docx) {
   const auto xml = report::testing::ReadZipMember(docx, "word/document.xml");
   if (!xml) return {"<no document>"};
@@ -128,8 +129,8 @@ inline Texts ReportParagraphs(const std::string& docx) {
   return out;
 }
 
-// A report text as the Part writes it, split into the paragraphs it makes: each line feed ends
-// one, and a superscript run is followed by a space.
+// A report text as its format strings write it, split into the paragraphs it makes: each line
+// feed ends one, and a superscript run is followed by a space.
 inline Texts Paragraphs(std::string text) {
   for (auto at = text.find("</U>"); at != std::string::npos; at = text.find("</U>", at + 1)) text.insert(at + 4, " ");
   Texts out(1);

@@ -23,7 +23,7 @@ TEST_F(DyssDialogTest, FirstStartAndTheWorkedValuesOfEveryKind) {
     EXPECT_EQ(d.active_page(), 0);
     EXPECT_EQ(T(d, IDC_DYSS_KIND), "三相平衡负荷线路");
     EXPECT_EQ(T(d, IDC_DYSS_CASE), "终端负荷用电流矩(A.km)");
-    EXPECT_EQ(C(d, IDC_DYSS_F0_LINE).items(), (Texts{"示例电缆", "三列", "无索引", "空表"}));
+    EXPECT_EQ(C(d, IDC_DYSS_F0_LINE).items(), (Texts{"示例电缆", "三列", "无索引", "空表", "两列"}));
     EXPECT_EQ(C(d, 101).items(), (Texts{"95", "120", "150"}));
     EXPECT_EQ((Texts{T(d, 101), T(d, IDC_DYSS_F0_I), T(d, IDC_DYSS_F0_L), T(d, IDC_DYSS_F0_COS)}),
               (Texts{"95", "1", "1", "0.8"}));
@@ -229,6 +229,16 @@ TEST_F(DyssDialogTest, LineCatalogueListsQueriesAndLineData) {
     EXPECT_EQ(T(d, IDC_DYSS_RESULT), "");
     EXPECT_EQ(queries, (Texts{"SELECT [R] FROM 无索引", "SELECT [X] FROM 无索引", "SELECT [U] FROM 无索引"}));
     EXPECT_EQ(T(d, IDC_DYSS_F0_LINE_DATA), "电阻(Ω/km):0.6  感抗(Ω/km):0.09  电压(kV):0.4");
+
+    // Two key columns: the second list under the first; "LGJ" sorts before "LJ", 16 before 25.
+    queries.clear();
+    Select(d, IDC_DYSS_F0_LINE, 4);
+    EXPECT_EQ((Texts{T(d, 101), T(d, 102)}), (Texts{"LGJ", "35/6"}));
+    Select(d, 101, 1);
+    EXPECT_EQ(C(d, 102).items(), (Texts{"16", "25"}));
+    EXPECT_EQ(ui::FindControl(d, 103), nullptr);
+    EXPECT_EQ(queries.back(), "SELECT [U] FROM 两列 WHERE ￥型号 Like \"LJ\" AND ￥截面 Like \"16\"");
+    EXPECT_EQ(T(d, IDC_DYSS_F0_LINE_DATA), "电阻(Ω/km):2  感抗(Ω/km):0.358  电压(kV):0.38");
 
     // One key column: its values, then the row of the first one.
     queries.clear();
