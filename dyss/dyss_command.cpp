@@ -1,12 +1,12 @@
 #include "dyss/dyss_command.h"
 
-#include "shell/module_context.h"
+#include "dyss/dyss_dialog.h"
 
 namespace kestra::dyss {
 
 void RunDyssCommand(const shell::ModuleContext& module) {
-  if (shell::HostApi* host = module.host())
-    host->PrintLine("DYSSCAL: 电压损失计算尚未提供 (this calculator is not available yet)");
+  CDyssCalDlg dlg(module);
+  if (dlg.db_open()) dlg.DoModal();
 }
 
 }  // namespace kestra::dyss

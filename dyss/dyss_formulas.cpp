@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "dyss/dyss_messages.h"
 #include "services/text/number_text.h"
 
 namespace kestra::dyss {
@@ -43,6 +44,19 @@ std::optional<double> LineLoss(const LossResult& v, int kind, int form) {
 const std::string kNoText;
 
 }  // namespace
+
+std::string ResultText(Outcome outcome, double value) {
+  switch (outcome) {
+    case Outcome::kNoLineData: return kNoLineDataText;
+    case Outcome::kNoFormula: return kNoFormulaText;
+    default: return text::Format3f(value);
+  }
+}
+
+PhiTerms PhiTermsOf(double cos_phi) {
+  const double sin_phi = std::sqrt(1 - cos_phi * cos_phi);
+  return {cos_phi, sin_phi, sin_phi / cos_phi};
+}
 
 const std::string& TextOf(const LossInputs& in, FieldRef f) {
   const auto k = static_cast<std::size_t>(f.element);

@@ -35,6 +35,10 @@ struct FieldRef {
   bool operator==(const FieldRef&) const = default;
 };
 
+// The text a result edit shows: the value with "%.3f", or what stands for no number
+// (kNoLineDataText, kNoFormulaText of dyss_messages.h; "溢出"/"无效" for a value not finite).
+std::string ResultText(Outcome outcome, double value);
+
 // The voltage-loss page: what the shown form holds (forms 0 to 4). Single-load forms use
 // element 0 of the arrays; empty texts count 0.
 struct LossInputs {
@@ -119,6 +123,12 @@ struct HarmonicLength {
 };
 HarmonicLength ComputeHarmonicLength(const LengthResult& line, std::string_view i_prime_text,
                                      std::string_view rated_text);
+
+// sinφ = √(1 − cosφ·cosφ) and tgφ = sinφ / cosφ of a power factor, as the reports write them.
+struct PhiTerms {
+  double cos_phi, sin_phi, tan_phi;
+};
+PhiTerms PhiTermsOf(double cos_phi);
 
 // One step of a power-factor spin: cosφ − delta/20, limited to 0..1 (the up arrow reports −1).
 double SpinPowerFactor(double cos_phi, int delta);

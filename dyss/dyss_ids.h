@@ -269,6 +269,15 @@ inline constexpr std::array<LineFormIds, 2> kLengthLineForms = {{
 // Index labels created at run time carry this id.
 inline constexpr int kIndexLabelId = -1;
 
+// The cosφ edits and their up-down controls, by form (the voltage-loss page's forms 0 to 3,
+// the line-length page's forms 0 and 1).
+inline constexpr std::array<int, 4> kLossCosEdits = {IDC_DYSS_F0_COS, IDC_DYSS_F1_COS, IDC_DYSS_F2_COS,
+                                                     IDC_DYSS_F3_COS};
+inline constexpr std::array<int, 4> kLossCosSpins = {IDC_DYSS_F0_COS_SPIN, IDC_DYSS_F1_COS_SPIN, IDC_DYSS_F2_COS_SPIN,
+                                                     IDC_DYSS_F3_COS_SPIN};
+inline constexpr std::array<int, 2> kLengthCosEdits = {IDC_DYSS_LF0_COS, IDC_DYSS_LF1_COS};
+inline constexpr std::array<int, 2> kLengthCosSpins = {IDC_DYSS_LF0_COS_SPIN, IDC_DYSS_LF1_COS_SPIN};
+
 // The form templates in form order.
 inline constexpr std::array<int, 5> kLossFormTemplates = {IDD_DYSS_LOSS_FORM0, IDD_DYSS_LOSS_FORM1,
                                                           IDD_DYSS_LOSS_FORM2, IDD_DYSS_LOSS_FORM3,

@@ -11,4 +11,10 @@ inline constexpr const char* kMsgAmpacityShort = "额定载流量小于导线截
 inline constexpr const char* kAmpacityCaption = "提示";
 inline constexpr const char* kMsgHelp = "HELP!";
 
+// What a result edit (and the report, and the key "计算结果") holds when a calculation passed its
+// checks but has no number: the line has no data (U = 0, no impedance), or the kind has no such
+// form. A quotient that is not finite shows the words of services/text ("溢出", "无效").
+inline constexpr const char* kNoLineDataText = "无线路数据";
+inline constexpr const char* kNoFormulaText = "无计算公式";
+
 }  // namespace kestra::dyss

@@ -10,6 +10,8 @@ namespace kestra::report {
 enum class BlockKind {
   Title,         // "标题 1", centred; marked text; paragraph end
   Heading,       // "标题 2", left; marked text; paragraph end
+  PlainTitle,    // as Title, the text inserted as it is (marks stay literal)
+  PlainHeading,  // as Heading, the text inserted as it is
   Body,          // marked text in the body style; paragraph end
   BodyEnd,       // marked text in the body style; ends the report (no paragraph end)
   Plain,         // text inserted as it is (marks stay literal); no paragraph end

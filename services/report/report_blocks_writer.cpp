@@ -7,6 +7,8 @@ void WriteBlocks(ReportWriter& w, const Blocks& blocks) {
     switch (b.kind) {
       case BlockKind::Title: w.TitleBlock(b.text); break;
       case BlockKind::Heading: w.SectionHeading(b.text); break;
+      case BlockKind::PlainTitle: w.TitleBlock(b.text, TextMode::kPlain); break;
+      case BlockKind::PlainHeading: w.SectionHeading(b.text, TextMode::kPlain); break;
       case BlockKind::Body: w.BodyBlock(b.text); break;
       case BlockKind::BodyEnd: w.BodyBlock(b.text, BlockEnd::kEndsReport); break;
       case BlockKind::Plain: w.InsertPlainRun(b.text); break;
