@@ -26,6 +26,14 @@ std::string EditText(double v) { return text::FormatDouble("%.15g", v); }
 
 }  // namespace
 
+void SpinPowerFactorEdit(ui::Dialog& dialog, double& cos_phi, int delta) {
+  if (!dialog.UpdateData(true)) return;
+  const SpinResult r = SpinPowerFactor(cos_phi, delta);
+  if (r.warned) dialog.MessageBox(kMsgSpinPowerFactor, kDialogTitle);
+  cos_phi = r.cos_phi;
+  dialog.UpdateData(false);
+}
+
 CDjqdPageBase::CDjqdPageBase(CDjqdCalDlg& dlg, int index, int template_id, std::string tab_text)
     : PropertyPage(template_id, std::move(tab_text)),
       dlg_(dlg),

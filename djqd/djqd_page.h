@@ -19,6 +19,11 @@ namespace kestra::djqd {
 class CDjqdCalDlg;
 struct ReportTexts;
 
+// One step of a power-factor spin on a form or page whose member cos_phi holds the edit: the
+// controls into the fields, the step (a value outside [0.01, 1] is said and starts from 0.01),
+// the fields back into the controls.
+void SpinPowerFactorEdit(ui::Dialog& dialog, double& cos_phi, int delta);
+
 class CDjqdPageBase : public ui::PropertyPage {
  public:
   // index: 0 the voltage-drop page, 1 the reactor page, 2 the autotransformer page.

@@ -43,7 +43,7 @@ void Enable(ui::Dialog& page, int id, bool enable) {
 CDjqdRequirementPage::CDjqdRequirementPage(CDjqdCalDlg& dlg, int index, int template_id, std::string tab_text,
                                            const RequirementIds& ids)
     : CDjqdPageBase(dlg, index, template_id, std::move(tab_text)), req_ids_(ids) {
-  OnArg(ids.cos_spin, ui::Notify::DeltaPos, [this](int delta) { OnSpin(delta); });
+  OnArg(ids.cos_spin, ui::Notify::DeltaPos, [this](int delta) { SpinPowerFactorEdit(*this, m_dCosPhi, delta); });
 }
 
 bool CDjqdRequirementPage::OnInitDialog() {
@@ -103,13 +103,6 @@ RequirementInputs CDjqdRequirementPage::InputsOfFields() const {
   return {m_dSkm, m_dSfh, m_dCosPhi, WcsToD(m_strUM), m_dUstmReq, CableOfFields(), MotorOfFields()};
 }
 
-void CDjqdRequirementPage::OnSpin(int delta) {
-  if (!UpdateData(true)) return;
-  const SpinResult r = SpinPowerFactor(m_dCosPhi, delta);
-  if (r.warned) MessageBox(kMsgSpinPowerFactor, kDialogTitle);
-  m_dCosPhi = r.cos_phi;
-  UpdateData(false);
-}
 
 // ---- The reactor page ----
 

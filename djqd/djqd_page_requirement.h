@@ -33,9 +33,6 @@ class CDjqdRequirementPage : public CDjqdPageBase {
   const RequirementIds& req_ids_;
   double m_dSkm = 0, m_dSfh = 0, m_dCosPhi = 0, m_dUstmReq = 0;
   std::string m_strUM;
-
- private:
-  void OnSpin(int delta);
 };
 
 // The reactor page: the reactance that meets the requirement, the catalogue reactance at or

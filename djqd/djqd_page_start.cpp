@@ -23,7 +23,7 @@ using text::WcsToD;
 
 CDjqdInputDlg::CDjqdInputDlg(CDjqdCalDlg& dlg, int method)
     : CAcUiDialog(kFormTemplates[method]), dlg_(dlg), method_(method), ids_(kFormIds[method]) {
-  OnArg(ids_.cos_spin, ui::Notify::DeltaPos, [this](int delta) { OnSpin(delta); });
+  OnArg(ids_.cos_spin, ui::Notify::DeltaPos, [this](int delta) { SpinPowerFactorEdit(*this, m_dCosPhi, delta); });
   if (ids_.transformer_pick) On(ids_.transformer_pick, ui::Notify::Clicked, [this] { OnPickTransformer(); });
   if (ids_.reactance_pick) On(ids_.reactance_pick, ui::Notify::Clicked, [this] { OnPickReactor(); });
 }
@@ -95,13 +95,6 @@ void CDjqdInputDlg::TakeOver(Field f, WorkingValues& w) const {
   }
 }
 
-void CDjqdInputDlg::OnSpin(int delta) {
-  if (!UpdateData(true)) return;
-  const SpinResult r = SpinPowerFactor(m_dCosPhi, delta);
-  if (r.warned) MessageBox(kMsgSpinPowerFactor, kDialogTitle);
-  m_dCosPhi = r.cos_phi;
-  UpdateData(false);
-}
 
 void CDjqdInputDlg::SetReal(int id, double& member, double value) {
   member = value;

@@ -30,7 +30,6 @@ class CDjqdInputDlg : public ui::CAcUiDialog {
   double transformer_capacity() const { return m_dSrT; }
 
  private:
-  void OnSpin(int delta);
   void OnPickTransformer();
   void OnPickReactor();
   void SetReal(int id, double& member, double value);
