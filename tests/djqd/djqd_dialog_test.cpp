@@ -126,7 +126,17 @@ TEST_F(DjqdDialog, MotorCombosInCatalogueOrderFollowTheSeries) {
   });
 }
 
-TEST_F(DjqdDialog, MotorCataloguesThatCannotServe) {
+TEST_F(DjqdDialog, DataFilesThatCannotServe) {
+  // Without the slide library the dialog goes on without pictures and captions.
+  std::filesystem::remove(root_ / "Image/djqd.slb");
+  Run([&](CDjqdCalDlg& d) {
+    ui::act::Select(C(d, IDC_DJQD_P1_METHOD), 1);
+    EXPECT_EQ(T(d, IDC_DJQD_P1_METHOD_GROUP), "");
+    EXPECT_EQ(C(d, IDC_DJQD_P1_PICTURE).picture(), nullptr);
+    ui::act::Cancel(d);
+  });
+  EXPECT_NE(module_.transcript().find("[message] 错误!: 找不到文件Djqd.slb, 程序调用失败!"), std::string::npos);
+  std::filesystem::copy_file(std::filesystem::path(KESTRA_ROOT_DIR) / "Image/djqd.slb", root_ / "Image/djqd.slb");
   const char* const header = "序号,￥系列名称,￥型号,功率kW\n1,Y,Y-1,1\n";
   WriteCatalogue("Motor.Mdb", {{"其他", header}});
   Run([&](CDjqdCalDlg& d) {
@@ -136,10 +146,10 @@ TEST_F(DjqdDialog, MotorCataloguesThatCannotServe) {
   // Field 0 is never a search column.
   WriteCatalogue("Motor.Mdb", {{"电机", "￥系列名称,￥型号,功率kW\nY,Y-1,1\n"}});
   Run([&](CDjqdCalDlg& d) { ui::act::Cancel(d); });
-  EXPECT_EQ(host_.messages(), (Strings{kMsgNoMotorTable, kMsgNoMotorSearchColumns}));
+  EXPECT_EQ(host_.messages(), (Strings{kMsgNoSlideLibrary, kMsgNoMotorTable, kMsgNoMotorSearchColumns}));
   std::filesystem::remove(root_ / "datcom/Motor.Mdb");
   Run([&](CDjqdCalDlg&) { ADD_FAILURE() << "shown without its catalogue"; });
-  EXPECT_EQ(host_.messages().size(), 3u);  // the catalogue's own error
+  EXPECT_EQ(host_.messages().size(), 4u);  // the catalogue's own error
 }
 
 TEST_F(DjqdDialog, PickDialogSearchesSortsAndFillsTheForm) {
