@@ -12,10 +12,12 @@ namespace {
 using F = Field;
 using R = Rule;
 
+// The length is checked on its text as typed: an empty one leaves the cable out, one that
+// is no number ("0,5") is refused rather than read as 0.
 constexpr InputCheck kCableAndMotor[] = {
     {F::CableType, R::Selected, kMsgNoCableType},
     {F::Section, R::TextNonNegative, kMsgSection},
-    {F::Length, R::NonNegative, kMsgLength},
+    {F::Length, R::TextNonNegative, kMsgLength},
     {F::Power, R::Positive, kMsgPower},
     {F::Speed, R::Positive, kMsgSpeed},
     {F::RatedCurrent, R::Positive, kMsgRatedCurrent},

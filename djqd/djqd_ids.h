@@ -253,8 +253,9 @@ inline constexpr int IDC_DJQD_QUERY_TABLE = 20570;        // the catalogue's tab
 inline constexpr int IDC_DJQD_QUERY_SEARCH = 20575;       // "检索"
 inline constexpr int IDC_DJQD_QUERY_SEARCH_ROW = 20579;   // where the search row is laid out
 inline constexpr int IDC_DJQD_QUERY_LIST = 20584;
-// The search row is made at run time: for search column k a label and a combo.
-inline constexpr int IDC_DJQD_QUERY_SEARCH_LABEL_BASE = 1100;
+// The search row is made at run time: for search column k a label (all with one id) and the
+// combo 1200 + k.
+inline constexpr int IDC_DJQD_QUERY_SEARCH_LABEL = 1100;
 inline constexpr int IDC_DJQD_QUERY_SEARCH_COMBO_BASE = 1200;
 
 // CTestzjDlg

@@ -49,6 +49,15 @@ inline constexpr const char* kMsgNoMotorTable = "Motor.Mdb 文件内容错误!\n
 inline constexpr const char* kMsgNoMotorSearchColumns =
     "Motor.Mdb 文件内容错误!\n检索项应为 '￥系列名称' 和 '￥型号', 请更正!";
 
+// The catalogue pick dialog: its modes and the source notes its callers give it.
+inline constexpr const char* kTransformerTableLabel = "变压器系列名称:";
+inline constexpr const char* kTransformerCaption = "变压器阻抗平均值";
+inline constexpr const char* kReactorTableLabel = "起动电抗器:";
+inline constexpr const char* kReactorCaption = "起动电抗器数据";
+inline constexpr const char* kNoteTransformers =
+    "以上数据摘自<<工业与民用配电设计手册>>P130~P132,数据库文件名为ByqZk.Mdb。";
+inline constexpr const char* kNoteReactors = "以上数据摘自<<工业与民用配电设计手册>>P221,数据库文件名为QdDkq.Mdb。";
+
 // The reactor and ratio pages.
 inline constexpr const char* kMsgZeroReactance = "实际电抗值不能是0!\n请调整参数重新计算!";
 inline constexpr const char* kMsgNoReactorModel = "没有适当的电抗器型号!";

@@ -10,7 +10,7 @@
 #include "dyss/dyss_length_page.h"
 #include "dyss/dyss_loss_page.h"
 #include "dyss/dyss_state.h"
-#include "forms/catalogue_errors.h"
+#include "forms/database_errors.h"
 #include "ui/dialog.h"
 #include "ui/property_sheet.h"
 
@@ -43,7 +43,7 @@ class CDyssCalDlg : public ui::CAcUiDialog {
   void OnReport();
 
   const shell::ModuleContext& module_;
-  forms::CatalogueErrorBoxes m_errors;
+  forms::DatabaseErrorsShown m_errors;
   std::string m_strIdpPath;
   std::string m_strMdbPath;
   int m_nCurPage = -1;

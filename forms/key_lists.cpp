@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "forms/catalogue_read.h"
 #include "services/tabledb/ado.h"
 #include "services/tabledb/key_indexes.h"
 
@@ -50,23 +51,7 @@ bool KeyLists::Scan() {
 }
 
 std::optional<std::vector<std::string>> KeyLists::Read(const std::string& query) {
-  CADORecordset rs(db_);
-  try {
-    rs.Open(query, 0);
-    std::vector<std::string> rows;
-    while (!rs.IsEOF()) {
-      Variant v;
-      rs.GetFieldValue(0, v);
-      rows.push_back(CCrack::strVARIANT(v));
-      rs.MoveNext();
-    }
-    rs.Close();
-    return rows;
-  } catch (const CADOException& e) {
-    e.ReportError();
-    if (rs.IsOpen()) rs.Close();
-    return std::nullopt;
-  }
+  return ReadColumn(*db_, query);
 }
 
 void KeyLists::AddSorted(ui::Control& list, std::vector<std::string> values) {

@@ -435,4 +435,15 @@ std::optional<RichDocument> ReadRtfFile(const std::string& path, std::string* er
   return ReadRtf(ss.str(), error);
 }
 
+RichDocument ReadRtfPage(const std::string& path) {
+  std::string error;
+  if (auto doc = ReadRtfFile(path, &error)) return std::move(*doc);
+  RichRun run;
+  run.text = "说明文件无法打开: " + path + " (" + error + ")";
+  RichDocument note;
+  note.paragraphs.emplace_back();
+  note.paragraphs.back().runs.push_back(std::move(run));
+  return note;
+}
+
 }  // namespace ui

@@ -18,5 +18,8 @@ namespace ui {
 std::optional<RichDocument> ReadRtf(std::string_view rtf, std::string* error = nullptr);
 // The same for a file; a file that cannot be read gives nullopt and the reason.
 std::optional<RichDocument> ReadRtfFile(const std::string& path, std::string* error = nullptr);
+// A description page of a dialog: the file's page, or, when it cannot be read, one line that
+// says which page is missing and why, so that the dialog is never blank without a word.
+RichDocument ReadRtfPage(const std::string& path);
 
 }  // namespace ui

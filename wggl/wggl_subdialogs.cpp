@@ -116,18 +116,7 @@ bool CWGGSMDLD::OnInitDialog() {
 
 void CWGGSMDLD::ReloadPage() {
   if (!rtf_) return;
-  std::string error;
-  if (auto doc = ui::ReadRtfFile(page_path_, &error)) {
-    rtf_->SetRichDocument(std::move(*doc));
-  } else {
-    // Without its page the dialog still says what is missing instead of staying blank.
-    ui::RichRun run;
-    run.text = "说明文件无法打开: " + page_path_ + " (" + error + ")";
-    ui::RichDocument note;
-    note.paragraphs.emplace_back();
-    note.paragraphs.back().runs.push_back(std::move(run));
-    rtf_->SetRichDocument(std::move(note));
-  }
+  rtf_->SetRichDocument(ui::ReadRtfPage(page_path_));
   RedrawWindow();
 }
 

@@ -30,6 +30,8 @@ std::string ConnectionText(const std::string& path);
 // Where CADOException::ReportError shows its message. The default writes to stderr; the
 // dialog framework installs one that shows a message box. An empty function restores the default.
 void SetErrorReporter(std::function<void(const std::string&)> reporter);
+// The reporter installed now (empty: the default).
+std::function<void(const std::string&)> CurrentErrorReporter();
 
 }  // namespace kestra::tabledb
 

@@ -22,6 +22,11 @@ void SetErrorReporter(std::function<void(const std::string&)> reporter) {
   Reporter() = std::move(reporter);
 }
 
+std::function<void(const std::string&)> CurrentErrorReporter() {
+  std::lock_guard<std::mutex> lock(reporter_mutex);
+  return Reporter();
+}
+
 }  // namespace kestra::tabledb
 
 void CADOException::ReportError() const {

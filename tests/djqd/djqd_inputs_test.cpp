@@ -37,7 +37,7 @@ TEST(DjqdChecks, TheFirstFailureInTheOrderOfEachDialog) {
   EXPECT_STREQ(Check(start0, {{F::CableType, none}, {F::ShortCircuit, negative}}), kMsgNoCableType);
   EXPECT_STREQ(Check(RequirementChecks(), {{F::CableType, none}, {F::ShortCircuit, negative}}), kMsgShortCircuit);
   EXPECT_STREQ(Check(start0, {{F::Section, bad_text}, {F::Length, negative}}), kMsgSection);
-  EXPECT_STREQ(Check(start0, {{F::Length, negative}}), kMsgLength);
+  EXPECT_STREQ(Check(start0, {{F::Length, {0, "-5", -5}}}), kMsgLength);
   EXPECT_STREQ(Check(start0, {{F::Power, tiny}}), kMsgPower);  // prints as 0.000
   EXPECT_STREQ(Check(start0, {{F::RatedVoltage, negative}, {F::ShortCircuit, negative}}), kMsgRatedVoltage);
   // Each form checks its own fields only.

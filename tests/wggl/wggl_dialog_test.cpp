@@ -7,14 +7,13 @@
 #include <filesystem>
 #include <initializer_list>
 #include <iterator>
-#include <regex>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "services/idp/idp_values.h"
 #include "services/idp/inter_dp_data.h"
-#include "tests/report/zip_reader.h"
+#include "tests/report/document_text.h"
 #include "tests/shell/test_module.h"
 #include "ui/actions.h"
 #include "ui/headless_host.h"
@@ -315,16 +314,7 @@ TEST_F(WgglDialog, DescriptionPage) {
   EXPECT_TRUE(host_.messages().empty());
 }
 
-// The text of word/document.xml without its mark-up, paragraphs on lines of their own.
-std::string DocumentText(const std::string& docx) {
-  const auto xml = kestra::report::testing::ReadZipMember(docx, "word/document.xml");
-  if (!xml) return "<unreadable>";
-  static const std::regex piece("<w:t(?: [^>]*)?>([^<]*)</w:t>|<w:tab/>|</w:p>");
-  std::string out;
-  for (std::sregex_iterator it(xml->begin(), xml->end(), piece), end; it != end; ++it)
-    out += (*it)[0] == "<w:tab/>" ? "\t" : (*it)[0] == "</w:p>" ? "\n" : (*it)[1].str();
-  return out;
-}
+using kestra::report::testing::DocumentText;
 
 TEST_F(WgglDialog, ReportButtonCalculatesThenWritesTheDocument) {
   Run([&](CWgglbcDlg& d) {
