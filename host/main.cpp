@@ -11,7 +11,9 @@
 #include "host/script/script_runner.h"
 #include "ui/headless_host.h"
 
+#include "batch/batch_command.h"
 #include "services/tabledb/catalog.h"
+#include "services/text/data_path.h"
 #if defined(KESTRA_HAVE_QT)
 #include "host/qt/window_mode.h"
 #endif
@@ -26,6 +28,8 @@ void Usage(std::ostream& os) {
         "                                                  headless run of a script (no display needed)\n"
         "       kestra [--module FILE] --list-commands     the registered command groups and commands\n"
         "       kestra catalog ...                         catalogue database tools\n"
+        "       kestra batch voltage-loss|motor-start SCHEDULE.csv [--out RESULTS.csv] [--report SUMMARY.docx]\n"
+        "                                                  whole schedules with the data root's catalogues\n"
         "       kestra --version\n"
         "The module is OrvelKestra.so beside kestra unless --module names another.\n";
 }
@@ -73,6 +77,12 @@ int RunScript(const std::string& module_path, const std::string& script, const s
 int main(int argc, char** argv) {
   if (argc >= 2 && std::strcmp(argv[1], "catalog") == 0) {
     return kestra::catalog::RunCatalogCommand(std::vector<std::string>(argv + 2, argv + argc), std::cout, std::cerr);
+  }
+
+  if (argc >= 2 && std::strcmp(argv[1], "batch") == 0) {
+    // The catalogues of the data root this kestra belongs to.
+    const std::string root = kestra::text::DataRootOfModule(kestra::host::DefaultModulePath());
+    return kestra::batch::RunBatchCommand(std::vector<std::string>(argv + 2, argv + argc), root, std::cout, std::cerr);
   }
 
   std::string module_path = kestra::host::DefaultModulePath();
