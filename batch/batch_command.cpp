@@ -77,7 +77,7 @@ Job VoltageLossJob(LineCatalogue& lines) {
 Job MotorStartJob(MotorCatalogue& motors, ReactorCatalogue& reactors) {
   Job j{"电机起动批量计算书", "台电机", MotorRequiredColumns(), MotorResultHeader(),
         {"行", "电机", "电机数据", "起动方式", "Ustm", "ustM", "起动电流A", "要求Ustm", "结论"},
-        {5, 10, 20, 17, 7, 7, 9, 8, 7}, {}};
+        {4, 13, 19, 15, 7, 7, 10, 7, 8}, {}};
   j.compute = [&motors, &reactors](const ScheduleRow& row) {
     const MotorRow r = ComputeMotorRow(row, motors, reactors);
     Outcome o{r.line, r.name, r.refusal.has_value(), !r.refusal && r.pass, MotorResultCells(r), {}, MotorFailureText(r), {}};
