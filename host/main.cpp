@@ -13,6 +13,7 @@
 #include "services/text/data_path.h"
 #include "ui/headless_host.h"
 
+#include "batch/batch_command.h"
 #include "services/tabledb/catalog.h"
 #if defined(KESTRA_HAVE_QT)
 #include "host/qt/window_mode.h"
@@ -29,6 +30,8 @@ void Usage(std::ostream& os) {
         "       kestra [--module FILE] --list-commands     the registered command groups and commands\n"
         "       kestra catalog ...                         catalogue database tools\n"
         "       kestra project show | set KEY VALUE        the project in the reports' page header\n"
+        "       kestra batch voltage-loss|motor-start SCHEDULE.csv [--out RESULTS.csv] [--report SUMMARY.docx]\n"
+        "                                                  whole schedules with the data root's catalogues\n"
         "       kestra --version\n"
         "The module is OrvelKestra.so beside kestra unless --module names another.\n";
 }
@@ -82,6 +85,12 @@ int main(int argc, char** argv) {
     return kestra::host::RunProjectCommand(std::vector<std::string>(argv + 2, argv + argc),
                                            kestra::text::DataRootOfModule(kestra::host::DefaultModulePath()),
                                            std::cout, std::cerr);
+  }
+
+  if (argc >= 2 && std::strcmp(argv[1], "batch") == 0) {
+    // The catalogues of the data root this kestra belongs to.
+    const std::string root = kestra::text::DataRootOfModule(kestra::host::DefaultModulePath());
+    return kestra::batch::RunBatchCommand(std::vector<std::string>(argv + 2, argv + argc), root, std::cout, std::cerr);
   }
 
   std::string module_path = kestra::host::DefaultModulePath();

@@ -1,5 +1,7 @@
 #include "services/report/docx_parts.h"
 
+#include <vector>
+
 #include "services/report/report_styles.h"
 #include "services/report/xml_text.h"
 
@@ -94,6 +96,68 @@ void AppendParagraph(std::string& out, const Paragraph& p, std::string_view font
   out += "</w:p>";
 }
 
+// The text width of the page above (A4 less both margins), in twips.
+constexpr int kTextWidth = 11906 - 2 * 1800;
+
+// A table cell: one centred paragraph of 9-point text, single-spaced; header cells bold on grey,
+// marked rows bold on a light red.
+void AppendCell(std::string& out, const std::string& text, int width, std::string_view fill, bool bold,
+                std::string_view font) {
+  out += "<w:tc><w:tcPr><w:tcW w:w=\"";
+  out += std::to_string(width);
+  out += "\" w:type=\"dxa\"/>";
+  if (!fill.empty()) {
+    out += "<w:shd w:val=\"clear\" w:color=\"auto\" w:fill=\"";
+    out += fill;
+    out += "\"/>";
+  }
+  out += "<w:vAlign w:val=\"center\"/></w:tcPr><w:p><w:pPr><w:spacing w:line=\"240\" w:lineRule=\"auto\"/>"
+         "<w:jc w:val=\"center\"/><w:rPr><w:sz w:val=\"18\"/><w:szCs w:val=\"18\"/></w:rPr></w:pPr><w:r><w:rPr>";
+  if (!font.empty()) AppendDocumentFont(out, font);
+  if (bold) out += "<w:b/><w:bCs/>";
+  out += "<w:sz w:val=\"18\"/><w:szCs w:val=\"18\"/></w:rPr><w:t xml:space=\"preserve\">";
+  AppendXmlEscaped(out, text);
+  out += "</w:t></w:r></w:p></w:tc>";
+}
+
+// A table across the text width with single black borders; header rows repeat on every page and
+// no row is split between pages.
+void AppendTable(std::string& out, const ReportTable& t, std::string_view font) {
+  const std::size_t columns = t.rows.front().size();
+  std::vector<int> widths(columns, kTextWidth / static_cast<int>(columns));
+  if (t.widths.size() == columns) {
+    long total = 0;
+    for (int w : t.widths) total += w > 0 ? w : 1;
+    for (std::size_t c = 0; c < columns; ++c) widths[c] = static_cast<int>((t.widths[c] > 0 ? t.widths[c] : 1) * long{kTextWidth} / total);
+  }
+  out += "<w:tbl><w:tblPr><w:tblW w:w=\"";
+  out += std::to_string(kTextWidth);
+  out += "\" w:type=\"dxa\"/><w:jc w:val=\"center\"/><w:tblBorders>";
+  for (const char* side : {"top", "left", "bottom", "right", "insideH", "insideV"}) {
+    out += "<w:";
+    out += side;
+    out += " w:val=\"single\" w:sz=\"4\" w:space=\"0\" w:color=\"000000\"/>";
+  }
+  out += "</w:tblBorders><w:tblLayout w:type=\"fixed\"/><w:tblCellMar><w:left w:w=\"57\" w:type=\"dxa\"/>"
+         "<w:right w:w=\"57\" w:type=\"dxa\"/></w:tblCellMar></w:tblPr><w:tblGrid>";
+  for (int w : widths) {
+    out += "<w:gridCol w:w=\"";
+    out += std::to_string(w);
+    out += "\"/>";
+  }
+  out += "</w:tblGrid>";
+  for (std::size_t r = 0; r < t.rows.size(); ++r) {
+    const bool header = r < t.header_rows;
+    const bool marked = r < t.marked.size() && t.marked[r];
+    out += header ? "<w:tr><w:trPr><w:cantSplit/><w:tblHeader/></w:trPr>" : "<w:tr><w:trPr><w:cantSplit/></w:trPr>";
+    for (std::size_t c = 0; c < columns; ++c) {
+      AppendCell(out, t.rows[r][c], widths[c], header ? "D9D9D9" : (marked ? "F2DCDB" : ""), header || marked, font);
+    }
+    out += "</w:tr>";
+  }
+  out += "</w:tbl>";
+}
+
 std::string Utc(std::time_t t) {
   std::tm tm{};
   gmtime_r(&t, &tm);
@@ -161,13 +225,24 @@ std::string DocumentXml(const ReportDocument& doc) {
     for (const Run& r : p.runs) text_size += r.text.size() + 120;
     text_size += 80;
   }
+  for (const PlacedTable& t : doc.tables) {
+    for (const auto& row : t.table.rows) {
+      for (const std::string& cell : row) text_size += cell.size() + 400;
+    }
+  }
   s.reserve(text_size + 1024);
   s += "<w:document xmlns:w=\"";
   s += kNsW;
   s += "\" xmlns:r=\"";
   s += kNsR;
   s += "\"><w:body>";
-  for (const Paragraph& p : doc.paragraphs) AppendParagraph(s, p, doc.document_font);
+  std::size_t next_table = 0;
+  for (std::size_t i = 0; i < doc.paragraphs.size(); ++i) {
+    for (; next_table < doc.tables.size() && doc.tables[next_table].before_paragraph <= i; ++next_table) {
+      AppendTable(s, doc.tables[next_table].table, doc.document_font);
+    }
+    AppendParagraph(s, doc.paragraphs[i], doc.document_font);
+  }
   s += kSectionProperties;
   s += "</w:body></w:document>";
   return s;

@@ -33,8 +33,26 @@ struct Paragraph {
   std::string Text() const;  // all runs' texts, joined
 };
 
+// A table of plain texts, as a summary report lists its items: header rows first (repeated on each
+// page, shaded), then one row per item; a marked row (a failing item) is shaded and bold. Column
+// widths are relative weights over the text width (empty: equal columns).
+struct ReportTable {
+  std::vector<std::vector<std::string>> rows;  // every row has as many cells as the first
+  std::size_t header_rows = 1;
+  std::vector<bool> marked;  // per row; missing entries: not marked
+  std::vector<int> widths;
+  bool operator==(const ReportTable&) const = default;
+};
+
+// A table placed in the document: it stands before paragraph `before_paragraph`.
+struct PlacedTable {
+  std::size_t before_paragraph = 0;
+  ReportTable table;
+};
+
 struct ReportDocument {
   std::vector<Paragraph> paragraphs;
+  std::vector<PlacedTable> tables;  // in document order
   // The font set on the whole document (its Latin, Chinese and East Asian faces alike); empty:
   // the document defaults (Times New Roman, East Asian 宋体).
   std::string document_font;

@@ -114,3 +114,14 @@ void ReportWriter::BodyBlock(std::string_view text, kestra::report::BlockEnd end
   }
   if (end == kestra::report::BlockEnd::kNewParagraph) NewParagraph();
 }
+
+void ReportWriter::TableBlock(const kestra::report::ReportTable& table) {
+  if (!Current().runs.empty()) NewParagraph();
+  bool rectangular = !table.rows.empty() && !table.rows.front().empty();
+  for (const auto& row : table.rows) rectangular = rectangular && row.size() == table.rows.front().size();
+  if (!rectangular || table.header_rows > table.rows.size() ||
+      (!table.widths.empty() && table.widths.size() != table.rows.front().size())) {
+    throw COleDispatchException(kestra::report::kWordValueOutOfRange, "Value out of range");
+  }
+  doc_.tables.push_back({doc_.paragraphs.size() - 1, table});
+}

@@ -64,6 +64,12 @@ class ReportWriter {
     BodyBlock(text, end, kestra::report::TextMode::kPlain);
   }
 
+  // A table (see ReportTable) at the insertion point: a paragraph holding text is ended first,
+  // so the table stands between paragraphs, and writing goes on in the paragraph after it.
+  // A table without rows, or with a row whose cell count differs from the first row's, throws
+  // COleDispatchException as Word's table operations would ("Value out of range").
+  void TableBlock(const kestra::report::ReportTable& table);
+
   // For a report whose first steps have a guard of their own (the diesel report): marks the
   // point from which a failure counts as one of the report body (see report_run.h).
   void MarkHeaderDone() { header_done_ = true; }

@@ -53,8 +53,9 @@ std::size_t LineOf(std::string_view s, std::size_t pos) {
 
 }  // namespace
 
-bool ParseCsv(std::string_view content, const std::string& file_name, CsvTable& table, std::string& error) {
-  table = CsvTable{};
+bool SplitCsvRecords(std::string_view content, const std::string& file_name, std::vector<CsvRecord>& out,
+                     std::string& error) {
+  out.clear();
   auto fail = [&](std::size_t line, const std::string& what) {
     error = file_name + ":" + std::to_string(line) + ": " + what;
     return false;
@@ -63,8 +64,6 @@ bool ParseCsv(std::string_view content, const std::string& file_name, CsvTable& 
   if (auto bad = FirstBadUtf8(content); bad != std::string_view::npos) {
     return fail(LineOf(content, bad), "not valid UTF-8 text (byte " + std::to_string(bad + 1) + " of the file)");
   }
-  std::vector<std::vector<std::string>> records;
-  std::vector<std::size_t> record_lines;
   std::vector<std::string> record;
   std::string field;
   std::size_t line = 1, record_line = 1;
@@ -76,8 +75,7 @@ bool ParseCsv(std::string_view content, const std::string& file_name, CsvTable& 
   };
   auto end_record = [&] {
     end_field();
-    records.push_back(std::move(record));
-    record_lines.push_back(record_line);
+    out.push_back(CsvRecord{record_line, std::move(record)});
     record.clear();
     field_started = false;
   };
@@ -132,6 +130,23 @@ bool ParseCsv(std::string_view content, const std::string& file_name, CsvTable& 
   }
   if (field_started || !field.empty() || !record.empty()) end_record();
 
+  return true;
+}
+
+bool ParseCsv(std::string_view content, const std::string& file_name, CsvTable& table, std::string& error) {
+  table = CsvTable{};
+  auto fail = [&](std::size_t line, const std::string& what) {
+    error = file_name + ":" + std::to_string(line) + ": " + what;
+    return false;
+  };
+  std::vector<CsvRecord> split;
+  if (!SplitCsvRecords(content, file_name, split, error)) return false;
+  std::vector<std::vector<std::string>> records;
+  std::vector<std::size_t> record_lines;
+  for (CsvRecord& r : split) {
+    records.push_back(std::move(r.fields));
+    record_lines.push_back(r.line);
+  }
   if (records.empty() || (records[0].size() == 1 && records[0][0].empty())) {
     return fail(1, "the header (first row, the column names) is empty");
   }

@@ -121,10 +121,22 @@ double WcsToD(std::string_view s, std::size_t* used) {
   double v = 0.0;
   bool ok = len != 0;
   if (ok) {
-    const std::string number(s.substr(start, len));  // strtod needs a terminated string
-    errno = 0;
-    v = strtod_l(number.c_str(), nullptr, CLocale());
-    ok = !(errno == ERANGE && std::isinf(v));  // beyond a double: no number, as said above
+    // The span holds a decimal number only (checked above), so from_chars reads it as strtod in
+    // the C locale would, without a copy or a locale switch; it takes no "+" sign.
+    const char* first = s.data() + start;
+    const char* last = first + len;
+    const bool negative = *first == '-';
+    if (*first == '+' || negative) ++first;
+    const auto r = std::from_chars(first, last, v);
+    if (r.ec != std::errc() || r.ptr != last) {
+      // Out of a double's range (or read otherwise): strtod's own answer.
+      const std::string number(s.substr(start, len));
+      errno = 0;
+      v = strtod_l(number.c_str(), nullptr, CLocale());
+      ok = !(errno == ERANGE && std::isinf(v));  // beyond a double: no number, as said above
+    } else if (negative) {
+      v = -v;
+    }
   }
   if (used) *used = ok ? start + len : 0;
   return ok ? v : 0.0;

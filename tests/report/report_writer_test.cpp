@@ -2,6 +2,7 @@
 
 #include "services/report/report_errors.h"
 #include "services/report/report_writer.h"
+#include "services/report/docx_parts.h"
 
 using kestra::report::BlockEnd;
 using kestra::report::Paragraph;
@@ -96,4 +97,29 @@ TEST_F(WriterTest, OpeningDocumentFontAndUseBeforeOpening) {
     EXPECT_TRUE(w.HeaderDone());
     w.OpenReport();
   }
+}
+
+TEST_F(WriterTest, TableStandsBetweenParagraphsAndIsWrittenBeforeTheOneAfterIt) {
+  kestra::report::ReportTable t;
+  t.rows = {{"回路", "Δu%"}, {"WL1", "2.5"}, {"WL2 <L>x</L>", "6.1"}};
+  t.marked = {false, false, true};
+  w.BodyBlock("前文", BlockEnd::kEndsReport);  // the paragraph holding text is ended first
+  w.TableBlock(t);
+  w.BodyBlock("后文", BlockEnd::kEndsReport);
+  ASSERT_EQ(paras().size(), 2u);
+  ASSERT_EQ(w.Document().tables.size(), 1u);
+  EXPECT_EQ(w.Document().tables[0].before_paragraph, 1u);
+  const std::string xml = kestra::report::DocumentXml(w.Document());
+  const auto before = xml.find("前文"), table = xml.find("<w:tbl>"), after = xml.find("后文");
+  EXPECT_TRUE(before < table && table < after);
+  EXPECT_NE(xml.find("<w:tblHeader/>"), std::string::npos);                   // the header row repeats
+  EXPECT_NE(xml.find("WL2 &lt;L&gt;x&lt;/L&gt;"), std::string::npos);         // cells are plain text
+  std::size_t marked_cells = 0;
+  for (auto at = xml.find("F2DCDB"); at != std::string::npos; at = xml.find("F2DCDB", at + 1)) ++marked_cells;
+  EXPECT_EQ(marked_cells, 2u);  // the two cells of the one marked row
+
+  kestra::report::ReportTable ragged;
+  ragged.rows = {{"a", "b"}, {"c"}};
+  EXPECT_THROW(w.TableBlock(kestra::report::ReportTable{}), COleDispatchException);
+  EXPECT_THROW(w.TableBlock(ragged), COleDispatchException);
 }
