@@ -10,11 +10,11 @@ namespace {
 
 // printf of one integer conversion; integers print alike in every locale.
 template <class T>
-std::string PrintInteger(const std::string& spec, T value) {
-  const int n = std::snprintf(nullptr, 0, spec.c_str(), value);
+std::string PrintInteger(const std::string& conversion, T value) {
+  const int n = std::snprintf(nullptr, 0, conversion.c_str(), value);
   if (n < 0) return {};
   std::string out(static_cast<std::size_t>(n) + 1, '\0');
-  std::snprintf(out.data(), out.size(), spec.c_str(), value);
+  std::snprintf(out.data(), out.size(), conversion.c_str(), value);
   out.resize(static_cast<std::size_t>(n));
   return out;
 }
@@ -81,12 +81,12 @@ std::string FormatValues(std::string_view f, std::span<const Value> values) {
     const Value& v = values[next++];
     if (v.kind == Value::Kind::kAbsent) continue;
     const ValueKind want = KindOfConversion(conv);
-    const std::string spec = "%" + std::string(flags) + std::string(sizes);
+    const std::string conversion = "%" + std::string(flags) + std::string(sizes);
     if (want == ValueKind::kReal && v.kind == Value::Kind::kReal) {
-      out += FormatDouble((spec + conv).c_str(), v.real);
+      out += FormatDouble((conversion + conv).c_str(), v.real);
     } else if (want == ValueKind::kInteger && v.kind == Value::Kind::kInteger) {
-      out += conv == 'd' || conv == 'i' ? PrintInteger(spec + "ll" + conv, v.integer)
-                                        : PrintInteger(spec + "ll" + conv, v.bits);
+      out += conv == 'd' || conv == 'i' ? PrintInteger(conversion + "ll" + conv, v.integer)
+                                        : PrintInteger(conversion + "ll" + conv, v.bits);
     } else if (want == ValueKind::kText && v.kind == Value::Kind::kText) {
       out += PrintText(flags, width, precision, v.text);
     } else {
