@@ -17,8 +17,13 @@ std::string TranscriptText(const std::string& s) {
 HeadlessHost::HeadlessHost(std::ostream& transcript) : out_(transcript) {}
 
 int HeadlessHost::RunModal(Dialog& dlg) {
-  out_ << "[dialog] " << TranscriptText(dlg.GetTemplate() ? dlg.GetTemplate()->caption : std::string()) << '\n';
-  if (!dlg.CreateModal()) return -1;
+  // The dialog is seen once its initialisation has run, with the caption it set there (a pick
+  // dialog names its catalogue); a message its initialisation shows comes first, as on screen.
+  if (!dlg.CreateModal()) {
+    out_ << "[dialog] " << TranscriptText(dlg.GetTemplate() ? dlg.GetTemplate()->caption : std::string()) << '\n';
+    return -1;
+  }
+  out_ << "[dialog] " << TranscriptText(dlg.GetWindowText()) << '\n';
   stack_.push_back(&dlg);
   if (!dlg.IsEnded()) {
     Driver d;

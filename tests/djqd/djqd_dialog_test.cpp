@@ -217,6 +217,8 @@ TEST_F(DjqdDialog, ReactorPageChoosesTheCatalogueReactanceAndModel) {
     ui::act::Ok(d);
   });
   EXPECT_EQ(host_.messages(), (Strings{kMsgNoReactorModel}));
+  // The pick dialog is seen under the caption of its mode, at its opening as at its close.
+  EXPECT_NE(module_.transcript().find("[dialog] 起动电抗器数据\n[closed] 起动电抗器数据 OK\n"), std::string::npos);
   ExpectStored({{"当前页", "1"}, {"Page2\\电抗器型号选择", "QKSG-36"}, {"Page2\\计算结果\\计算电抗值", "26.229"},
                 {"Page2\\计算要求\\母线电压相对值", "0.980"}, {"Page1\\Input1\\母线标称电压", "6.000"}});
 }
