@@ -1,6 +1,6 @@
 # cmake -DOUT=file.cpp -DFILES="a.rc;b.rc" -P EmbedResources.cmake
 # Writes a C++ file holding each resource script's text, so the module carries its
-# dialog templates and strings inside itself as a Windows module carries its resources.
+# dialog templates and strings inside itself and needs no resource file beside it.
 set(body "// Generated from res/*.rc at build time; do not edit.\n#include \"res/embedded.h\"\n\nnamespace kestra::res {\n\nconst std::vector<EmbeddedScript>& EmbeddedScripts() {\n  static const std::vector<EmbeddedScript> scripts = {\n")
 foreach(f ${FILES})
   file(READ ${f} text)

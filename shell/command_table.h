@@ -1,5 +1,5 @@
 #pragma once
-// The maker's command registration service: one table row per command, registered under a
+// The module's command registration: one table row per command, registered under a
 // group on the host's command stack.
 #include <string>
 

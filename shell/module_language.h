@@ -1,5 +1,5 @@
 #pragma once
-// The module language of the maker's libraries: the dictionaries a language-switch service
+// Module languages: the dictionaries a language-switch service of the host
 // hands out by module key, and the one current now. The module's resource switch (ModuleScope)
 // makes the module's dictionary current for a command.
 #include <string>
@@ -17,8 +17,8 @@ class ZoLangSwitch {
   virtual ZoDtDictionary* GetModuleDictionary(const std::string& key) = 0;
 };
 
-// Globals of the maker's database-object library: the service (may be absent) and the
-// dictionary current now.
+// The language-switch service the host provides (may be absent) and the dictionary current
+// now, shared by every module of the host.
 extern ZoLangSwitch* g_pQuendaLangSwitch;
 extern ZoDtDictionary* g_pCurModuleLang;
 

@@ -8,7 +8,8 @@ bool PropertySheet::Create(Dialog* owner, const Rect& rect, int active) {
   for (PropertyPage* p : pages_) tab_->AddString(p->tab_text());
   owner->SetSheet(this);
   owner->OnArg(kTabId, Notify::SelChange, [this](int) { SetActivePage(tab_->GetCurSel()); });
-  // The first page is created with the sheet, as the framework does, then the wanted one.
+  // The first page is always created with the sheet (its controls exist from the start), then
+  // the wanted one.
   if (pages_.empty()) return false;
   active_ = -1;
   SetActivePage(0);

@@ -37,7 +37,7 @@ class ControlWidget {
 
 std::unique_ptr<ControlWidget> MakeControlWidget(ui::Control& c, QWidget* parent, ActionRouter& router);
 
-// Win32 hides a single "&" (the mnemonic mark) and shows "&&" as "&".
+// Captions mark a mnemonic with a single "&", which is not shown; "&&" shows as "&".
 QString WithoutMnemonic(const std::string& text);
 
 }  // namespace kestra::qt

@@ -1,7 +1,7 @@
 #pragma once
-// The main window of the window mode, shaped like the CAD host the calculators come
-// from: a menu and a toolbar with the calculators, a drawing area, and at the bottom the
-// command history with the command line ("命令: ").
+// The main window of the window mode, laid out as the CAD programs designers work in: a menu
+// and a toolbar with the calculators, a drawing area, and at the bottom the command history
+// with the command line ("命令: ").
 #include <string>
 
 #include <QMainWindow>

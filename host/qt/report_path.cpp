@@ -31,7 +31,7 @@ std::optional<std::string> NewReportPathIn(const std::string& folder, std::strin
     return std::nullopt;
   }
   QDir dir(QString::fromStdString(folder));
-  // The same readable, unique name as every report of the product (title, date and time).
+  // The same readable, unique name as every other report (title, date and time).
   const QDate d = when.date();
   const QTime t = when.time();
   std::tm local{};

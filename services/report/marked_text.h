@@ -8,7 +8,8 @@
 
 namespace kestra::report {
 
-// Splits a marked text into runs, left to right, exactly as the reports have always done:
+// Splits a marked text into runs, left to right, by these rules, on which every report line
+// is written:
 // marks do not nest (an inner mark stays literal text of its run), an empty pair gives no run,
 // an opening mark without its closing one is dropped and the rest read on as ordinary text, and
 // a "<" that opens no mark is literal and joins the last run made so far, whatever its kind.

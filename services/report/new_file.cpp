@@ -12,7 +12,7 @@ namespace {
 constexpr int kMaxNames = 10000;
 
 // The cause (what, which file, the system's words) travels with the exception to the report
-// target, which shows it beside the product's message.
+// target, which shows it beside the calculator's message.
 [[noreturn]] void Fail(std::error_code e, const std::string& what, const std::string& path) {
   throw COleException(HresultFromErrno(e.value()), FileErrorText(what, path, e.value()));
 }

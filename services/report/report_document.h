@@ -8,7 +8,7 @@
 
 namespace kestra::report {
 
-// The kinds of the marked-text runs, with the values the report writer has always used.
+// The kinds of the marked-text runs (0 plain, 1 subscript, 2 superscript, as rich-text runs).
 enum class RunKind { kPlain = 0, kSubscript = 1, kSuperscript = 2 };
 
 struct Run {

@@ -18,7 +18,7 @@ std::string OtherErrorMessage(const ReportWriter& writer, const ReportRunOptions
 
 bool RunReport(ReportTarget& target, const std::function<void(const std::string& message)>& show_message,
                const std::function<void(ReportWriter&)>& body, const ReportRunOptions& options) {
-  // The product's message for the designer, with the cause told beside it when there is one.
+  // The calculator's message for the designer, with the cause told beside it when there is one.
   const auto fail = [&](const std::string& message, const std::string& cause) {
     if (!cause.empty()) target.ShowFailureCause(cause);
     show_message(message);
@@ -30,7 +30,7 @@ bool RunReport(ReportTarget& target, const std::function<void(const std::string&
     if (const std::optional<std::string> path = target.NewReportPath(options.title)) file.emplace(*path);
   } catch (const std::exception& e) {
     // A target that cannot give a path, or a folder that takes no file: the document cannot be
-    // created, which is what the designer has always been told when Word could not be started.
+    // created, and the designer is told so with the open-failure message.
     cause = e.what();
   } catch (...) {
   }

@@ -20,7 +20,7 @@ class ReportTarget {
   // Shows the written report to the designer.
   virtual void ShowReport(const std::string& path) = 0;
   // Why a report failed ("cannot write <path>: No space left on device"), told beside the
-  // product's own message, which names no cause. By default on standard error; a window host
+  // calculator's own message, which names no cause. By default on standard error; a window host
   // shows it in its status line as well.
   virtual void ShowFailureCause(const std::string& cause);
 

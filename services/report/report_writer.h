@@ -1,7 +1,7 @@
 #pragma once
 // The calculation-report writer: the operations the calculators' reports are written with, and
-// the blocks they are made of, over a document model that behaves as a Word document driven
-// through automation does. The insertion point is always the end of the document.
+// the blocks they are made of, over a document model. The insertion point is always the end
+// of the document.
 //
 //   ReportWriter w;            // usually handed to the report body by kestra::report::RunReport
 //   w.OpenReport();

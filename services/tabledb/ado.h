@@ -1,8 +1,8 @@
 #pragma once
-// The catalogue database wrappers the calculators use. The calling order is the one the
-// dialogs were written against (open the database, walk its table definitions, open a
-// recordset on a query text, read cells as text); underneath is a read-only SQLite
-// connection, either to an SQLite catalogue file or to an in-memory copy of an Access file.
+// The catalogue database wrappers the calculators use, in the order they call them (open the
+// database, walk its table definitions, open a recordset on a query text, read cells as
+// text); underneath is a read-only SQLite connection, either to an SQLite catalogue file or
+// to an in-memory copy of an Access file.
 #include <cstdint>
 #include <functional>
 #include <memory>

@@ -1,7 +1,7 @@
 #pragma once
 // The engine under the wrappers: one read-only SQLite connection per open catalogue, with
-// LIKE replaced by the designer's text comparison and the product's query texts adjusted so
-// that they find what they mean, quickly and in the stored order.
+// LIKE replaced by the designer's text comparison and the calculators' query texts adjusted
+// so that they find what they mean, quickly and in the stored order.
 #include <memory>
 #include <optional>
 #include <string>

@@ -202,7 +202,7 @@ namespace {
 
 void ImportHere(const std::string& path, sqlite3* db) {
   CNumericLocale c_numbers;
-  // Access 97 catalogues of this product hold GBK texts; later versions are Unicode anyway.
+  // Access 97 catalogues of Chinese designers hold GBK texts; later versions are Unicode anyway.
   setenv("MDB_JET3_CHARSET", "CP936", 0);
   std::unique_ptr<MdbHandle, MdbCloser> mdb(mdb_open(path.c_str(), MDB_NOFLAGS));
   if (!mdb) Damaged(path);

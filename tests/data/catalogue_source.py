@@ -1,5 +1,5 @@
 """Reads the generated catalogue sources the way the catalogue tool does (CSV per table,
-tables.txt for order and names, "￥" columns TEXT, numeric columns REAL), for the data checks."""
+tables.txt for order and names), for the data checks."""
 
 import csv
 import math
@@ -34,13 +34,6 @@ class Table:
 
     def values(self, name):
         return [float(v) for v in self.col(name)]
-
-    def is_real(self, name):
-        """REAL as the catalogue tool types it: not a "￥" column, every non-empty cell a number."""
-        if name.startswith(INDEX_MARK):
-            return False
-        cells = [c for c in self.col(name) if c != ""]
-        return bool(cells) and all(is_number(c) for c in cells)
 
     def index_columns(self):
         return [h for h in self.header[1:] if h.startswith(INDEX_MARK)]

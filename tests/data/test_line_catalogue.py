@@ -38,26 +38,19 @@ class LineCatalogueTest(unittest.TestCase):
             yield dict(zip(others, k)), sorted(rows, key=lambda r: section_value(r[sec]))
 
     # --- conventions of the catalogue -------------------------------------------------------
-    def test_catalogue_lists_the_expected_kinds_of_line(self):
-        names = " ".join(self.by_name)
-        for needle in ("0.6/1kV", "聚氯乙烯", "交联聚乙烯", "10kV", "LJ", "LGJ", "穿管"):
-            self.assertIn(needle, names)
-        self.assertEqual(len(self.by_name), len(self.tables), "table names must be unique")
+    def test_every_csv_file_is_listed(self):
         listed = {t.name for t in self.tables}
         on_disk = {n for n in os.listdir(data_dir("lines")) if n.endswith(".csv")}
         self.assertEqual(len(on_disk), len(listed), "every CSV file must be listed in tables.txt")
 
     def test_every_table_follows_the_line_table_convention(self):
+        # key and value column counts and numeric values: kestra catalog check (data.catalog_check.line)
         for t in self.tables:
             with self.subTest(table=t.name):
                 self.assertFalse(t.header[0].startswith("￥"), "the first column is never an index")
                 self.assertGreaterEqual(len(t.rows), 1)
-                self.assertLessEqual(len(t.index_columns()), 3)
-                values = t.value_columns()
-                self.assertEqual(len(values), 3, values)
-                for name, word in zip(values, VALUE_NAMES):
+                for name, word in zip(t.value_columns(), VALUE_NAMES):
                     self.assertIn(word, name)
-                    self.assertTrue(t.is_real(name), "%s must read as numbers in every row" % name)
                     self.assertTrue(all(c != "" for c in t.col(name)), "%s has an empty cell" % name)
                 keys = [tuple(r[c] for c in t.index_columns()) for r in t.records()]
                 self.assertEqual(len(keys), len(set(keys)), "two rows share the same index values")

@@ -25,7 +25,6 @@ class TransformerCatalogueTest(unittest.TestCase):
                 self.assertFalse(t.header[0].startswith("￥"))
                 self.assertIn("容量kVA", t.header[1:])
                 self.assertIn("短路电压%", t.header[1:])
-                self.assertTrue(t.is_real("容量kVA") and t.is_real("短路电压%"))
                 self.assertEqual(t.values("容量kVA"), RATINGS)
 
     def test_impedance_voltage_by_size_and_construction(self):
@@ -56,10 +55,8 @@ class ReactorCatalogueTest(unittest.TestCase):
     def test_table_and_columns_the_reactor_choice_reads(self):
         self.assertEqual([t.name for t in self.tables], ["起动电抗器数据"])
         self.assertFalse(self.table.header[0].startswith("￥"))
-        for name in REACTOR_COLUMNS:
+        for name in REACTOR_COLUMNS:  # numbers in them: data.catalog_check.reactor
             self.assertIn(name, self.table.header[1:])
-        for name in REACTOR_COLUMNS[1:]:
-            self.assertTrue(self.table.is_real(name), name)
         models = self.table.col("￥型 号")
         self.assertEqual(len(models), len(set(models)), "each model once")
         self.assertGreater(len(self.rows), 100)

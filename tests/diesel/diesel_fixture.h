@@ -14,10 +14,16 @@
 
 #include "diesel/diesel_dialog.h"
 #include "tests/shell/test_module.h"
+#include "tests/support/dialog_driver.h"
 #include "ui/actions.h"
 #include "ui/headless_host.h"
 
 using kestra::diesel::ZoUiCyfdjzrlCalDlg;
+using kestra::testing::Ctl;
+using kestra::testing::Press;
+using kestra::testing::Text;
+using kestra::testing::Texts;
+using kestra::testing::Type;
 
 class DieselDialogTest : public ::testing::Test {
  protected:
@@ -33,19 +39,7 @@ class DieselDialogTest : public ::testing::Test {
     dlg.DoModal();
   }
 
-  static ui::Control& Ctl(ui::Dialog& d, int id) {
-    ui::Control* c = ui::FindControl(d, id);
-    if (!c) throw std::runtime_error("no control " + std::to_string(id));
-    return *c;
-  }
-  static void Type(ui::Dialog& d, int id, const std::string& text) { ui::act::SetText(Ctl(d, id), text); }
-  static std::string Text(ui::Dialog& d, int id) { return Ctl(d, id).GetWindowText(); }
-  // The texts of several edits: on the shown page, or on a page shown or not.
-  static std::vector<std::string> Texts(ui::Dialog& d, std::initializer_list<int> ids) {
-    std::vector<std::string> out;
-    for (int id : ids) out.push_back(Text(d, id));
-    return out;
-  }
+  // The texts of edits on a page, shown or not.
   static std::vector<std::string> PageTexts(const ui::Dialog& page, std::initializer_list<int> ids) {
     std::vector<std::string> out;
     for (int id : ids) out.push_back(page.GetDlgItemText(id));
@@ -55,11 +49,6 @@ class DieselDialogTest : public ::testing::Test {
   static std::vector<bool> Shown(const ZoUiCyfdjzrlCalDlg& dlg) {
     return {dlg.SteadyLoadPage().IsWindowVisible(), dlg.PeakLoadPage().IsWindowVisible(),
             dlg.BusDropPage().IsWindowVisible()};
-  }
-  static void Press(ui::Dialog& d, const std::string& caption) {
-    ui::Control* c = ui::FindControlByLabel(d, caption);
-    if (!c) throw std::runtime_error("no button " + caption);
-    ui::act::Click(*c);
   }
   // Types into the shown page, then presses "计算".
   static void Calculate(ui::Dialog& d, std::initializer_list<std::pair<int, const char*>> texts) {

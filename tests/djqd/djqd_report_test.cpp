@@ -6,7 +6,7 @@
 #include <sstream>
 
 #include "tests/djqd/djqd_fixture.h"
-#include "tests/report/document_text.h"
+#include "tests/report/zip_reader.h"
 
 namespace kestra::djqd::test {
 namespace {

@@ -21,6 +21,7 @@
 #include "services/idp/idp_node.h"
 #include "services/idp/idp_text.h"
 #include "services/text/number_text.h"
+#include "tests/support/temp_folder.h"
 #include "ui/data_exchange.h"
 #include "ui/resource_script.h"
 #include "ui/rtf_reader.h"
@@ -62,10 +63,7 @@ class Fuzz : public ::testing::Test {
     return s;
   }
   static std::string ReadSource(const std::string& rel) {
-    std::ifstream in(std::string(KESTRA_SOURCE_DIR) + "/" + rel, std::ios::binary);
-    std::ostringstream s;
-    s << in.rdbuf();
-    return s.str();
+    return kestra::testing::ReadFile(std::string(KESTRA_SOURCE_DIR) + "/" + rel);
   }
   std::mt19937_64 rng_{static_cast<std::uint64_t>(EnvNumber("KESTRA_FUZZ_SEED", 20261122))};
 };

@@ -1,13 +1,11 @@
 // The host session's command stack and resource stack, without a module; the project command.
 #include <gtest/gtest.h>
 
-#include <unistd.h>
-
-#include <filesystem>
 #include <sstream>
 
 #include "host/core/host_session.h"
 #include "host/core/project_command.h"
+#include "tests/support/temp_folder.h"
 #include "ui/headless_host.h"
 #include "ui/resource_script.h"
 
@@ -40,7 +38,8 @@ TEST(HostSession, CommandsResourcesAndOutput) {
   EXPECT_TRUE(s.Commands().empty());
   EXPECT_FALSE(s.RunCommand("first"));
 
-  // A module popping once too often never reaches below what it pushed.
+  // The last set pushed is current; a module popping once too often never reaches below what it
+  // pushed.
   ui::ResourceSet mine, module;
   ui::PushResources(&mine);
   s.PushResources(&module);
@@ -49,23 +48,20 @@ TEST(HostSession, CommandsResourcesAndOutput) {
   s.PopResources();
   EXPECT_EQ(ui::CurrentResources(), &mine);
   ui::PopResources();
+  ui::PopResources();  // popping an empty stack is harmless
+  EXPECT_EQ(ui::CurrentResources(), nullptr);
 
   // The module's lines go where the program says.
   std::vector<std::string> lines;
   s.SetOutput([&](const std::string& l) { lines.push_back(l); });
   s.PrintLine("一行");
   EXPECT_EQ(lines, std::vector<std::string>{"一行"});
-
-  std::string path = kestra::host::DefaultModulePath();
-  EXPECT_TRUE(path.ends_with("/OrvelKestra.so")) << path;
-  EXPECT_EQ(path.front(), '/');
 }
 
 // `kestra project`: what a designer types and what it answers, on a data root of its own.
 TEST(ProjectCommand, SetsAndShowsTheTitleBlock) {
-  namespace fs = std::filesystem;
-  const fs::path root = fs::temp_directory_path() / ("kestra_project_" + std::to_string(::getpid()));
-  fs::remove_all(root);
+  const kestra::testing::TempFolder folder;
+  const std::filesystem::path& root = folder.path();
   auto run = [&](std::vector<std::string> args, std::string* out_text = nullptr) {
     std::ostringstream out, err;
     const int rc = kestra::host::RunProjectCommand(args, root.string(), out, err);
@@ -81,7 +77,6 @@ TEST(ProjectCommand, SetsAndShowsTheTitleBlock) {
   EXPECT_EQ(run({"show"}, &shown), "0");
   EXPECT_EQ(shown, (root / "Kestra" / "工程信息.idp").string() +
                        "\n工程名称 = 滨江花园 10kV 变电所\n设计阶段 = \n设计 = \n校对 = 李工\n日期 = \n");
-  fs::remove_all(root);
 }
 
 }  // namespace

@@ -2,9 +2,6 @@
 // calculators' menu, and the module's own lines.
 #include <gtest/gtest.h>
 
-#include <unistd.h>
-
-#include <filesystem>
 
 #include <QAction>
 #include <QApplication>
@@ -21,6 +18,7 @@
 #include "host/qt/project_dialog.h"
 #include "services/report/project_info.h"
 #include "qt_test_support.h"
+#include "tests/support/temp_folder.h"
 
 namespace kestra::qt::testing {
 namespace {
@@ -52,7 +50,6 @@ TEST(QtMainWindow, CommandsTypedOrPickedOpenTheirCalculators) {
   session.PrintLine("模块已加载");
   EXPECT_NE(History(window).find("模块已加载"), std::string::npos);
 
-  if (!std::filesystem::exists(ModulePath())) GTEST_SKIP() << "no staged module at " << ModulePath();
   std::string error;
   ASSERT_TRUE(session.Load(ModulePath(), &error)) << error;
   window.RefreshCommands();
@@ -78,14 +75,8 @@ TEST(QtMainWindow, CommandsTypedOrPickedOpenTheirCalculators) {
   ASSERT_EQ(captions.size(), 2u);
   EXPECT_EQ(captions[1], "无功功率补偿");
 
-  // "sample" does nothing and prints nothing.
-  window.RunTyped("sample");
-  EXPECT_EQ(captions.size(), 2u);
-  EXPECT_EQ(History(window).find("未知命令"), std::string::npos);
-
   QAction* diesel = MenuAction(window, "柴油发电机组容量计算");
   ASSERT_NE(diesel, nullptr);
-  if (!diesel->isEnabled()) GTEST_SKIP() << "the staged module has no diesel calculator yet";
   close_next_dialog();
   diesel->trigger();
   ASSERT_EQ(captions.size(), 3u);
@@ -98,9 +89,8 @@ TEST(QtMainWindow, CommandsTypedOrPickedOpenTheirCalculators) {
 TEST(QtMainWindow, ProjectDialogKeepsTheTitleBlock) {
   EnsureApp();
   QtUiHost ui;
-  const std::filesystem::path dir = std::filesystem::temp_directory_path() / ("kestra_project_qt_" + std::to_string(::getpid()));
-  std::filesystem::remove_all(dir);
-  const std::string file = (dir / "工程信息.idp").string();
+  const kestra::testing::TempFolder dir;
+  const std::string file = dir / "工程信息.idp";
   ASSERT_TRUE(kestra::report::SetProjectValue(file, "checker", "李工", nullptr));
   for (bool ok : {false, true}) {
     QTimer::singleShot(0, [ok] {
@@ -117,7 +107,6 @@ TEST(QtMainWindow, ProjectDialogKeepsTheTitleBlock) {
     EXPECT_EQ(kestra::report::ReadProjectInfo(file),
               (kestra::report::ProjectInfo{{ok ? "滨江花园二期" : "", ok ? "施工图" : "", "", "李工", ""}}));
   }
-  std::filesystem::remove_all(dir);
 }
 
 }  // namespace

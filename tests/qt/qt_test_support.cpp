@@ -12,6 +12,7 @@
 #include <QTimer>
 
 #include "host/qt/message_box.h"
+#include "tests/support/temp_folder.h"
 #include "ui/ui_host.h"
 
 namespace kestra::qt::testing {
@@ -46,10 +47,8 @@ void EnsureApp() {
 
 QtScope::QtScope() {
   EnsureApp();
-  std::ifstream in(std::string(KESTRA_SOURCE_DIR) + "/tests/qt/data/test_dialogs.rc", std::ios::binary);
-  std::stringstream text;
-  text << in.rdbuf();
-  res_.Parse(text.str(), "test_dialogs.rc");
+  res_.Parse(kestra::testing::ReadFile(std::string(KESTRA_SOURCE_DIR) + "/tests/qt/data/test_dialogs.rc"),
+             "test_dialogs.rc");
   ui::PushResources(&res_);
   ui::SetCurrentHost(&host_);
 }

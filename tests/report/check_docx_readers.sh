@@ -6,7 +6,7 @@
 set -euo pipefail
 tool=$1
 fonts_conf=$2
-work=$(mktemp -d /tmp/kestra_readers.XXXXXX)
+work=$(mktemp -d -t kestra_readers.XXXXXX)
 trap 'rm -rf "$work"' EXIT
 docx=$work/无功功率补偿计算书.docx
 
@@ -37,6 +37,7 @@ assert [i for i, s in enumerate(styles) if s == "Heading 2"] == [1, 3, 8, 14], s
 assert all(s == "Normal" for i, s in enumerate(styles) if i not in (0, 1, 3, 8, 14)), styles
 assert ps[0].text == "无功功率补偿计算书" and ps[0].alignment == WD_ALIGN_PARAGRAPH.CENTER
 assert ps[1].alignment == WD_ALIGN_PARAGRAPH.LEFT
+assert ps[2].alignment is None, ps[2].alignment  # body text after a heading: no alignment of its own
 assert ps[4].text == "\t自然平均功率因数cosφ1=0.75", repr(ps[4].text)
 subs = [r.text for p in ps for r in p.runs if r.font.subscript]
 sups = [r.text for p in ps for r in p.runs if r.font.superscript]

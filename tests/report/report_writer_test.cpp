@@ -70,10 +70,7 @@ TEST_F(WriterTest, StyleNamesAsWordKnowsThem) {
     w.SetParagraphStyle("标题 9", 0);
     FAIL() << "an unknown style must be refused";
   } catch (const COleDispatchException& e) {
-    EXPECT_EQ(e.m_wCode, 5941);
-    EXPECT_EQ(kestra::report::OleDispatchExceptionMessage(e),
-              "COleDispatchException. SCODE: 00001735,Description: \"The requested member of the "
-              "collection does not exist.\".");
+    EXPECT_EQ(e.m_wCode, 5941);  // its message: the report guard's test
   }
   EXPECT_THROW(w.SetParagraphStyle("标题 1", 5), COleDispatchException);
   EXPECT_THROW(w.SetParagraphStyle("标题 1", -1), COleDispatchException);

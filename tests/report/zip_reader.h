@@ -3,7 +3,9 @@
 #include <zip.h>
 
 #include <optional>
+#include <regex>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace kestra::report::testing {
@@ -34,6 +36,24 @@ inline std::vector<std::string> ZipMemberNames(const std::string& zip_path) {
   for (zip_int64_t i = 0; i < n; ++i) names.emplace_back(zip_get_name(za, static_cast<zip_uint64_t>(i), 0));
   zip_close(za);
   return names;
+}
+
+// The text of a report's word/document.xml as a reader sees it: without its mark-up, entities
+// decoded, tabs as "\t", each paragraph ended by a line feed.
+inline std::string DocumentText(const std::string& docx) {
+  const std::optional<std::string> xml = ReadZipMember(docx, "word/document.xml");
+  if (!xml) return "<unreadable>";
+  static const std::regex piece("<w:t(?: [^>]*)?>([^<]*)</w:t>|<w:tab/>|</w:p>");
+  static const std::pair<const char*, const char*> entities[] = {
+      {"&quot;", "\""}, {"&apos;", "'"}, {"&lt;", "<"}, {"&gt;", ">"}, {"&amp;", "&"}};
+  std::string out;
+  for (std::sregex_iterator it(xml->begin(), xml->end(), piece), end; it != end; ++it) {
+    std::string text = (*it)[0] == "<w:tab/>" ? "\t" : (*it)[0] == "</w:p>" ? "\n" : (*it)[1].str();
+    for (const auto& [entity, c] : entities)
+      for (std::size_t at; (at = text.find(entity)) != std::string::npos;) text.replace(at, std::string(entity).size(), c);
+    out += text;
+  }
+  return out;
 }
 
 }  // namespace kestra::report::testing

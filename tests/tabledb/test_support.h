@@ -4,43 +4,20 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <vector>
 
 #include "services/tabledb/ado.h"
 #include "services/tabledb/catalog.h"
+#include "tests/support/temp_folder.h"
 
 namespace kestra::tabledb::test {
 
 namespace fs = std::filesystem;
 
-class TempDir {
- public:
-  TempDir() {
-    std::string pattern = (fs::temp_directory_path() / "kestra_tabledb_XXXXXX").string();
-    path_ = ::mkdtemp(pattern.data()) ? pattern : throw std::runtime_error("mkdtemp failed");
-  }
-  ~TempDir() {
-    std::error_code ec;
-    fs::remove_all(path_, ec);
-  }
-  const std::string& path() const { return path_; }
-  std::string operator/(const std::string& name) const { return (fs::path(path_) / name).string(); }
-
- private:
-  std::string path_;
-};
-
-inline void WriteFile(const std::string& path, const std::string& content) {
-  fs::create_directories(fs::path(path).parent_path());
-  std::ofstream(path, std::ios::binary) << content;
-}
-
-inline std::string ReadFile(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  return std::string(std::istreambuf_iterator<char>(in), {});
-}
+using TempDir = kestra::testing::TempFolder;
+using kestra::testing::ReadFile;
+using kestra::testing::WriteFile;
 
 // All rows of a query, field 0 as text (the calculators' reading loop).
 inline std::vector<std::string> Column0(CADODatabase& db, const std::string& query) {

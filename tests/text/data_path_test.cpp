@@ -2,32 +2,31 @@
 
 #include <filesystem>
 #include <fstream>
+#include <tuple>
+#include <utility>
 
 #include "services/text/data_path.h"
+#include "tests/support/temp_folder.h"
 
 using namespace kestra::text;
 namespace fs = std::filesystem;
 
-TEST(DataRoot, CutsTwiceAtTheLastSeparator) {
-  EXPECT_EQ(DataRootOfModule("D:\\Prog\\Sys\\module.arx"), "D:\\Prog");
-  EXPECT_EQ(DataRootOfModule("D:\\module.arx"), "D:");
-  EXPECT_EQ(DataRootOfModule("module.arx"), "module.arx");
-  EXPECT_EQ(DataRootOfModule("/opt/kestra/bin/OrvelKestra.so"), "/opt/kestra");
-  EXPECT_EQ(DataRootOfModule("bin/OrvelKestra.so"), "bin");  // the second cut finds no separator
-}
-
-TEST(DataRoot, JoinsWithOrWithoutTheSeparator) {
-  EXPECT_EQ(JoinDataRoot("D:\\Prog", "Kestra\\a.idp"), "D:\\Prog\\Kestra\\a.idp");
-  EXPECT_EQ(JoinDataRoot("D:\\Prog\\", "Kestra\\a.idp"), "D:\\Prog\\Kestra\\a.idp");
-  EXPECT_EQ(JoinDataRoot("D:\\Prog", "\\Image\\Wgglbc.RTF"), "D:\\Prog\\Image\\Wgglbc.RTF");
-  EXPECT_EQ(JoinDataRoot("/r/", "\\Datcom\\x"), "/r/\\Datcom\\x");
+// The data root is two cuts at the last separator above the module file (a cut that finds no
+// separator leaves the text); a data file name joins it with one separator.
+TEST(DataRoot, CutsTwiceAtTheLastSeparatorAndJoinsWithOne) {
+  const std::pair<const char*, const char*> roots[] = {
+      {"D:\\Prog\\Sys\\module.arx", "D:\\Prog"}, {"D:\\module.arx", "D:"}, {"module.arx", "module.arx"},
+      {"/opt/kestra/bin/OrvelKestra.so", "/opt/kestra"}, {"bin/OrvelKestra.so", "bin"}};
+  for (const auto& [module, root] : roots) EXPECT_EQ(DataRootOfModule(module), root) << module;
+  const std::tuple<const char*, const char*, const char*> joins[] = {
+      {"D:\\Prog", "Kestra\\a.idp", "D:\\Prog\\Kestra\\a.idp"}, {"D:\\Prog\\", "Kestra\\a.idp", "D:\\Prog\\Kestra\\a.idp"},
+      {"D:\\Prog", "\\Image\\Wgglbc.RTF", "D:\\Prog\\Image\\Wgglbc.RTF"}, {"/r/", "\\Datcom\\x", "/r/\\Datcom\\x"}};
+  for (const auto& [root, name, path] : joins) EXPECT_EQ(JoinDataRoot(root, name), path) << root << " " << name;
 }
 
 class ResolveTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    root_ = fs::temp_directory_path() / ("kestra_path_" + std::to_string(::getpid()));
-    fs::remove_all(root_);
     fs::create_directories(root_ / "datcom");
     fs::create_directories(root_ / "Image");
     fs::create_directories(root_ / "Kestra");
@@ -35,8 +34,8 @@ class ResolveTest : public ::testing::Test {
     std::ofstream(root_ / "Image" / "djqd.slb") << "x";
     std::ofstream(root_ / "Kestra" / "电压损失计算.idp") << "x";
   }
-  void TearDown() override { fs::remove_all(root_); }
-  fs::path root_;
+  kestra::testing::TempFolder folder_;
+  const fs::path& root_ = folder_.path();
 };
 
 TEST_F(ResolveTest, MatchesEachComponentWithoutRegardToCase) {

@@ -3,6 +3,8 @@
 #include <clocale>
 #include <cmath>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "services/text/format.h"
 #include "services/text/number_checks.h"
@@ -49,19 +51,10 @@ TEST(NumberText, ReadsTheLongestLeadingDecimalNumber) {
 }
 
 TEST(NumberText, ReadsIntegersLikeWtoi) {
-  EXPECT_EQ(WToI(""), 0);
-  EXPECT_EQ(WToI("  42abc"), 42);
-  EXPECT_EQ(WToI("-7"), -7);
-  EXPECT_EQ(WToI("+3"), 3);
-  EXPECT_EQ(WToI("25.5"), 25);
-  EXPECT_EQ(WToI("1e3"), 1);
-  EXPECT_EQ(WToI("- 3"), 0);
-  EXPECT_EQ(WToI("99999999999"), 2147483647);
-  EXPECT_EQ(WToI("-99999999999"), -2147483647 - 1);
-  EXPECT_EQ(WToI("二"), 0);
-  EXPECT_EQ(WToI("\u3000\u300042"), 42);
-  EXPECT_EQ(WToI("\u00a0-7"), -7);
-  EXPECT_EQ(WToI("0x10"), 0);
+  const std::pair<const char*, int> cases[] = {
+      {"", 0}, {"  42abc", 42}, {"-7", -7}, {"+3", 3}, {"25.5", 25}, {"1e3", 1}, {"- 3", 0}, {"99999999999", 2147483647},
+      {"-99999999999", -2147483647 - 1}, {"二", 0}, {"\u3000\u300042", 42}, {"\u00a0-7", -7}, {"0x10", 0}};
+  for (const auto& [text, value] : cases) EXPECT_EQ(WToI(text), value) << text;
 }
 
 TEST(NumberText, PrintsInTheCLocaleWhateverTheUserLocale) {
@@ -100,32 +93,18 @@ TEST(NumberText, ShortestTextReadsBackExactly) {
     EXPECT_EQ(WcsToD(ShortestText(v)), v);
 }
 
+// Only digits and points ("1.2.3" reads as 1.2), read as a number above 0 (or at least 0).
 TEST(NumberChecks, PositiveAndNonNegativeTexts) {
-  EXPECT_TRUE(IsPositive("1"));
-  EXPECT_TRUE(IsPositive("0.5"));
-  EXPECT_TRUE(IsPositive("5."));
-  EXPECT_TRUE(IsPositive(".5"));
-  EXPECT_TRUE(IsPositive("0.0000001"));
-  EXPECT_FALSE(IsPositive("0.00000009"));
-  EXPECT_FALSE(IsPositive(""));
-  EXPECT_FALSE(IsPositive("0"));
-  EXPECT_FALSE(IsPositive("-1"));
-  EXPECT_FALSE(IsPositive("+1"));
-  EXPECT_FALSE(IsPositive("1e3"));
-  EXPECT_FALSE(IsPositive(" 1"));
-  EXPECT_TRUE(IsPositive("1.2.3"));  // only digits and points, reads as 1.2
-  EXPECT_TRUE(IsNonNegative(""));
-  EXPECT_TRUE(IsNonNegative("0"));
-  EXPECT_TRUE(IsNonNegative("..."));
-  EXPECT_FALSE(IsNonNegative("-0"));
-  EXPECT_FALSE(IsNonNegative("1 "));
+  for (const char* yes : {"1", "0.5", "5.", ".5", "0.0000001", "1.2.3"}) EXPECT_TRUE(IsPositive(yes)) << yes;
+  for (const char* no : {"0.00000009", "", "0", "-1", "+1", "1e3", " 1"}) EXPECT_FALSE(IsPositive(no)) << no;
+  for (const char* yes : {"", "0", "..."}) EXPECT_TRUE(IsNonNegative(yes)) << yes;
+  for (const char* no : {"-0", "1 "}) EXPECT_FALSE(IsNonNegative(no)) << no;
 }
 
+// 0.0005 is the double just above it and prints "0.001"; 0.0004 prints "0.000"; "-1.000" and
+// "-0.000" hold a minus sign.
 TEST(NumberChecks, DoublesAreCheckedOnTheirThreeDecimalText) {
-  EXPECT_TRUE(IsPositive(0.0005));   // the double just above 0.0005 prints "0.001"
-  EXPECT_FALSE(IsPositive(0.0004));  // "0.000"
-  EXPECT_FALSE(IsPositive(-1.0));    // "-1.000" holds a minus sign
-  EXPECT_FALSE(IsNonNegative(-0.0001));  // "-0.000"
-  EXPECT_TRUE(IsNonNegative(0.0));
-  EXPECT_TRUE(IsPositive(1e6));
+  EXPECT_EQ((std::vector<bool>{IsPositive(0.0005), IsPositive(0.0004), IsPositive(-1.0), IsPositive(1e6),
+                               IsNonNegative(-0.0001), IsNonNegative(0.0)}),
+            (std::vector<bool>{true, false, false, true, false, true}));
 }

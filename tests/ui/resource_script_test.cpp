@@ -100,16 +100,3 @@ TEST(ResourceScript, SyntaxErrorsNameFileAndLine) {
     }
   }
 }
-
-TEST(ResourceScript, ResourceStackMakesTheLastPushedSetCurrent) {
-  ResourceSet a, b;
-  EXPECT_EQ(ui::CurrentResources(), nullptr);
-  ui::PushResources(&a);
-  ui::PushResources(&b);
-  EXPECT_EQ(ui::CurrentResources(), &b);
-  ui::PopResources();
-  EXPECT_EQ(ui::CurrentResources(), &a);
-  ui::PopResources();
-  ui::PopResources();  // popping an empty stack is harmless
-  EXPECT_EQ(ui::CurrentResources(), nullptr);
-}

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/temp_folder.h"
+
 #include <cstdio>
 #include <fstream>
 #include <random>
@@ -55,21 +57,6 @@ Listing SldtoppmListing(const std::string& name) {
   return l;
 }
 
-// Lit pixels of the slide as sldtoppm rasterises it (a binary PPM on a black background).
-int LitPixels(const std::string& name) {
-  std::istringstream in(Output("sldtoppm -Lib " + name + " " + kLibrary + " 2>/dev/null"));
-  std::string magic;
-  int w = 0, h = 0, max = 0;
-  in >> magic >> w >> h >> max;
-  in.get();
-  if (magic != "P6" || w <= 0 || h <= 0) return -1;
-  std::string pixels(static_cast<std::size_t>(w) * h * 3, '\0');
-  in.read(pixels.data(), static_cast<std::streamsize>(pixels.size()));
-  int lit = 0;
-  for (std::size_t i = 0; i + 2 < pixels.size(); i += 3) lit += (pixels[i] | pixels[i + 1] | pixels[i + 2]) != 0;
-  return lit;
-}
-
 TEST(SlideLibrary, OurLibraryReadsAsAnIndependentReaderReadsIt) {
   ui::CSlideLibraryData lib;
   ASSERT_EQ(lib.Read(kLibrary), 4) << lib.error();
@@ -91,15 +78,12 @@ TEST(SlideLibrary, OurLibraryReadsAsAnIndependentReaderReadsIt) {
       for (auto& p : f.points) p.y = up(p.y);
     }
     const Listing theirs = SldtoppmListing(names[i]);
-    EXPECT_EQ(theirs.width, 480);
-    EXPECT_EQ(theirs.height, 400);
     EXPECT_EQ(ours.width, theirs.width);
     EXPECT_EQ(ours.height, theirs.height);
     EXPECT_GT(theirs.lines.size(), 50u);
     EXPECT_EQ(ours.lines, theirs.lines);
     EXPECT_FALSE(theirs.fills.empty());  // the bus bar at least
     EXPECT_EQ(ours.fills, theirs.fills);
-    EXPECT_GT(LitPixels(names[i]), 1500) << "a blank picture";
   }
   EXPECT_EQ(lib.FindSlide("JSDL3"), 2) << "names in capitals, as CAD tools store them";
   EXPECT_EQ(lib.FindSlide("Jsdl5"), -1);
@@ -222,8 +206,7 @@ TEST(SlideLibrary, DamagedFilesFailWithTheirReason) {
 // Every cut of the real library fails cleanly (its last slide ends with the file), and
 // garbled copies never crash or hang: they read or fail with a reason.
 TEST(SlideLibrary, TruncatedAndGarbledLibrariesNeverCrash) {
-  std::ifstream in(kLibrary, std::ios::binary);
-  const std::string file((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  const std::string file = kestra::testing::ReadFile(kLibrary);
   ASSERT_GT(file.size(), 1000u);
   ui::CSlideLibraryData lib;
   for (std::size_t n = 0; n < file.size(); ++n) {

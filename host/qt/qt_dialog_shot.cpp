@@ -1,5 +1,5 @@
 // Renders a dialog template through the Qt host into a PNG, to look at a layout without the
-// calculator behind it (e.g. on the test template tests/qt/data/test_dialogs.rc):
+// calculator behind it (e.g. res/wggl.rc, or the test template tests/qt/data/test_dialogs.rc):
 //   qt_dialog_shot FILE.rc DIALOG OUT.png [CHILD@X,Y[w] | CONTROL=LIBRARY.slb#SLIDE | CONTROL=PAGE.rtf ...]
 // DIALOG, CHILD and CONTROL are ids or symbols; each child form is shown inside the dialog at
 // (X, Y) dialog units, a trailing "w" gives it a white background; a picture control shows the
@@ -30,7 +30,7 @@
 
 namespace {
 
-struct ChildSpec {
+struct ChildForm {
   int id, x, y;
   bool white;
 };
@@ -38,14 +38,14 @@ struct ChildSpec {
 class ShotDialog : public ui::Dialog {
  public:
   using Content = std::pair<int, std::function<void(ui::Control&)>>;
-  ShotDialog(int id, std::vector<ChildSpec> specs, std::vector<Content> contents)
-      : Dialog(id), specs_(std::move(specs)), contents_(std::move(contents)) {}
+  ShotDialog(int id, std::vector<ChildForm> forms, std::vector<Content> contents)
+      : Dialog(id), forms_(std::move(forms)), contents_(std::move(contents)) {}
   bool OnInitDialog() override {
     Dialog::OnInitDialog();
     for (auto& [id, fill] : contents_)
       if (ui::Control* c = GetDlgItem(id)) fill(*c);
       else std::fprintf(stderr, "no control %d\n", id);
-    for (const ChildSpec& s : specs_) {
+    for (const ChildForm& s : forms_) {
       auto& child = *children_.emplace_back(std::make_unique<ui::Dialog>(s.id));
       if (!child.Create(this)) {
         std::fprintf(stderr, "no child dialog %d\n", s.id);
@@ -60,7 +60,7 @@ class ShotDialog : public ui::Dialog {
   }
 
  private:
-  std::vector<ChildSpec> specs_;
+  std::vector<ChildForm> forms_;
   std::vector<Content> contents_;
   std::vector<std::unique_ptr<ui::Dialog>> children_;
 };
@@ -106,7 +106,7 @@ int main(int argc, char** argv) {
   auto id_of = [&](const std::string& s) {
     return !s.empty() && s.find_first_not_of("0123456789") == std::string::npos ? std::atoi(s.c_str()) : res.Symbol(s, -1);
   };
-  std::vector<ChildSpec> specs;
+  std::vector<ChildForm> forms;
   std::vector<ShotDialog::Content> contents;
   for (int i = 4; i < argc; ++i) {
     std::string a = argv[i];
@@ -131,13 +131,13 @@ int main(int argc, char** argv) {
     if (at == std::string::npos || comma == std::string::npos || comma < at) return Fail("bad child", a, 2);
     bool white = a.back() == 'w';
     if (white) a.pop_back();
-    specs.push_back({id_of(a.substr(0, at)), std::atoi(a.substr(at + 1, comma - at - 1).c_str()),
+    forms.push_back({id_of(a.substr(0, at)), std::atoi(a.substr(at + 1, comma - at - 1).c_str()),
                      std::atoi(a.substr(comma + 1).c_str()), white});
   }
   kestra::qt::QtUiHost host;
   ui::PushResources(&res);
   ui::SetCurrentHost(&host);
-  ShotDialog dlg(id_of(argv[2]), specs, std::move(contents));
+  ShotDialog dlg(id_of(argv[2]), forms, std::move(contents));
   bool saved = false;
   QTimer::singleShot(50, [&] {
     if (auto* v = host.TopView()) {
