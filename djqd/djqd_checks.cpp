@@ -42,9 +42,11 @@ constexpr InputCheck kAutotransformerForm[] = {
 constexpr InputCheck kLoadAndBus[] = {
     {F::Load, R::Positive, kMsgLoad},
     {F::PowerFactor, R::Positive, kMsgPowerFactor},
-    {F::PowerFactor, R::AtMostOne, kMsgPowerFactorAboveOne},
     {F::BusVoltage, R::TextPositive, kMsgBusVoltage},
 };
+// A power factor above 1 passes the field checks (they ask for a positive number), so every
+// other field is checked and taken over first; only then is it refused, because it has no sine.
+constexpr InputCheck kPowerFactorAtMostOne[] = {{F::PowerFactor, R::AtMostOne, kMsgPowerFactorAboveOne}};
 
 constexpr InputCheck kShortCircuit[] = {{F::ShortCircuit, R::Positive, kMsgShortCircuit}};
 constexpr InputCheck kRequiredUstm[] = {{F::RequiredUstm, R::PositiveBelowOne, kMsgRequiredUstm}};
@@ -60,10 +62,10 @@ constexpr InputCheck kRatioRecheck[] = {
     {F::ShortCircuit, R::Positive, kMsgShortCircuit},
     {F::Load, R::Positive, kMsgLoad},
     {F::PowerFactor, R::Positive, kMsgPowerFactor},
-    {F::PowerFactor, R::AtMostOne, kMsgPowerFactorAboveOne},
     {F::BusVoltage, R::TextPositive, kMsgBusVoltage},
     {F::RatedVoltage, R::Positive, kMsgRatedVoltage},
     {F::RequiredUstm, R::PositiveBelowOne, kMsgRequiredUstmRecheck},
+    {F::PowerFactor, R::AtMostOne, kMsgPowerFactorAboveOne},
 };
 
 constexpr InputCheck kTorque[] = {
@@ -105,12 +107,13 @@ std::vector<InputCheck> StartChecks(StartMethod method) {
     case StartMethod::Reactor: form = kReactorForm; break;
     case StartMethod::Autotransformer: form = kAutotransformerForm; break;
   }
-  return Joined({kCableAndMotor, form, kLoadAndBus});
+  return Joined({kCableAndMotor, form, kLoadAndBus, kPowerFactorAtMostOne});
 }
 
 std::span<const InputCheck> RequirementChecks() {
   // The inputs first, then cable and motor as on the first page, the requirement last.
-  static const std::vector<InputCheck> checks = Joined({kShortCircuit, kLoadAndBus, kCableAndMotor, kRequiredUstm});
+  static const std::vector<InputCheck> checks =
+      Joined({kShortCircuit, kLoadAndBus, kCableAndMotor, kRequiredUstm, kPowerFactorAtMostOne});
   return checks;
 }
 

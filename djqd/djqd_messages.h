@@ -29,8 +29,8 @@ inline constexpr const char* kMsgReactance = "'每相电抗器额定电抗'输�
 inline constexpr const char* kMsgRatio = "'自耦变压器变压比'输入非法, 请输入>0的实数!";
 inline constexpr const char* kMsgLoad = "'预接负荷'输入非法, 请输入>0的实数!";
 inline constexpr const char* kMsgPowerFactor = "'功率因数'输入非法, 请输入>0的实数!";
-// A typed power factor above 1 has no sine: refused after the positive check, so that no
-// calculation runs into the root of a negative number.
+// A typed power factor above 1 has no sine: refused once every field check has passed, so
+// that no calculation runs into the root of a negative number.
 inline constexpr const char* kMsgPowerFactorAboveOne = "'功率因数'输入非法, 请输入(0, 1]之间的实数!";
 inline constexpr const char* kMsgBusVoltage = "'母线标称电压'输入非法, 请输入>0的实数!";
 inline constexpr const char* kMsgRequiredUstm = "'母线电压相对值计算要求'输入非法, 请输入(0, 1)之间的实数!";

@@ -182,7 +182,7 @@ void CDjqdPage1dlg::OnMethodChange() {
     old.Store(w);
     if (CInterDpData* tree = dlg_.idp()) {
       WriteParams(*tree, w, FormOwner(shown_));
-      WriteFormResultKeys(*tree, shown_);
+      WriteFormResultKeys(*tree, shown_, true);
     }
     frame_.Show(k);
     ClearResults();
@@ -235,15 +235,18 @@ bool CDjqdPage1dlg::Calculate() {
   return true;
 }
 
-void CDjqdPage1dlg::WriteFormResultKeys(CInterDpData& tree, int form_index) const {
+void CDjqdPage1dlg::WriteFormResultKeys(CInterDpData& tree, int form_index, bool with_overload) const {
   const FormResultKeys& keys = kFormResultKeys[form_index];
   idp::SetValue(tree, FullKey(keys.ustm), m_strUstm);
   idp::SetValue(tree, FullKey(keys.ustm_motor), m_strUstmMotor);
   idp::SetValue(tree, FullKey(keys.istm), m_strIstm);
-  if (keys.overload) idp::SetValue(tree, FullKey(keys.overload), m_strOverloadName + m_strOverloadValue);
+  if (with_overload && keys.overload)
+    idp::SetValue(tree, FullKey(keys.overload), m_strOverloadName + m_strOverloadValue);
 }
 
-void CDjqdPage1dlg::WriteResultKeys(CInterDpData& tree) const { WriteFormResultKeys(tree, shown_); }
+// Leaving the page and "确定" keep the three results of the shown form; its overload check is
+// kept only when the designer turns to another method.
+void CDjqdPage1dlg::WriteResultKeys(CInterDpData& tree) const { WriteFormResultKeys(tree, shown_, false); }
 
 std::optional<CDjqdPageBase::Overload> CDjqdPage1dlg::OverloadAfter(double t) const {
   const WorkingValues& w = dlg_.values();

@@ -86,7 +86,7 @@ class CDjqdPage1dlg : public CDjqdPageBase {
  private:
   void OnMethodChange();
   void ShowSlide(int method);
-  void WriteFormResultKeys(CInterDpData& tree, int form) const;
+  void WriteFormResultKeys(CInterDpData& tree, int form, bool with_overload) const;
 
   CDjqdInput1Dlg m_input1;
   CDjqdInput2Dlg m_input2;

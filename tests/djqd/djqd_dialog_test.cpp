@@ -99,6 +99,34 @@ TEST_F(DjqdDialog, MethodChangeShowsItsFormSlideAndKeepsTheOldFormsValues) {
                 {"Page1\\Input3\\功率因数", "0.020"}, {"Page1\\Input1\\系统短路容量", "60.000"}});
 }
 
+TEST_F(DjqdDialog, TheOverloadCheckIsKeptWhenTheMethodChangesNotAtOk) {
+  // Transformer-motor unit, start values: Sst = 1/(1/1.332774 + 0.045/0.63 + 0.0058125/0.1444)
+  // = 1.160098, Ustm = 50.24/51.400098 = 0.977430, ustM = 0.977430·1.160098/1.332774 = 0.851;
+  // KI = 0.851·1.332774/0.63 = 1.800.
+  auto calculate_and_time = [&](CDjqdCalDlg& d) {
+    Click(d, IDC_DJQD_CALC);
+    host_.QueueDriver([&](ui::Dialog& t) {
+      Click(t, IDC_DJQD_CT_CALC);
+      ui::act::Ok(t);
+    });
+    Click(d, IDC_DJQD_P1_TIME);
+    EXPECT_EQ(Texts(d, {IDC_DJQD_P1_OVERLOAD_NAME, IDC_DJQD_P1_OVERLOAD_VALUE}), (Strings{"KI =", "1.800"}));
+  };
+  Run([&](CDjqdCalDlg& d) {
+    ui::act::Select(C(d, IDC_DJQD_P1_METHOD), 1);
+    calculate_and_time(d);
+    ui::act::Ok(d);
+  });
+  ExpectStored({{"Page1\\Input2\\计算结果\\电机端子电压相对值", "0.851"},
+                {"Page1\\Input2\\计算结果\\校验结果", "<missing>"}});
+  Run([&](CDjqdCalDlg& d) {  // back on the transformer-motor unit
+    calculate_and_time(d);
+    ui::act::Select(C(d, IDC_DJQD_P1_METHOD), 0);
+    ui::act::Ok(d);
+  });
+  ExpectStored({{"Page1\\Input2\\计算结果\\校验结果", "KI =1.800"}});
+}
+
 TEST_F(DjqdDialog, MotorCombosInCatalogueOrderFollowTheSeries) {
   Run([&](CDjqdCalDlg& d) {
     EXPECT_EQ(C(d, IDC_DJQD_P1_SERIES).items(), (Strings{"JS", "Y", "YB"}));

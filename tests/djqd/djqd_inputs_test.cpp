@@ -49,6 +49,12 @@ TEST(DjqdChecks, TheFirstFailureInTheOrderOfEachDialog) {
   EXPECT_STREQ(Check(start3, {{F::BusVoltage, {0, "0.38kV", 0.38}}}), kMsgBusVoltage);
   // A power factor that prints as 1.000 but lies above 1 has no sine.
   EXPECT_STREQ(Check(start3, {{F::PowerFactor, {0, "", 1.0004}}}), kMsgPowerFactorAboveOne);
+  // It is positive, so every field check runs before it is refused.
+  const FieldValue above_one{0, "", 1.2};
+  EXPECT_STREQ(Check(start0, {{F::PowerFactor, above_one}, {F::BusVoltage, bad_text}}), kMsgBusVoltage);
+  EXPECT_STREQ(Check(RequirementChecks(), {{F::PowerFactor, above_one}, {F::Power, negative}}), kMsgPower);
+  EXPECT_STREQ(Check(RatioRecheckChecks(), {{F::PowerFactor, above_one}, {F::RatedVoltage, negative}}),
+               kMsgRatedVoltage);
   EXPECT_STREQ(Check(RequirementChecks(), {{F::PowerFactor, {0, "", 0}}}), kMsgPowerFactor);
   EXPECT_EQ(Check(RequirementChecks(), {{F::PowerFactor, {0, "", 1}}}), nullptr);
   EXPECT_STREQ(Check(RequirementChecks(), {{F::RequiredUstm, {0, "", 1}}}), kMsgRequiredUstm);
