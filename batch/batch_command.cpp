@@ -7,6 +7,7 @@
 #include "batch/motor_start.h"
 #include "batch/summary_report.h"
 #include "batch/voltage_loss.h"
+#include "djqd/djqd_reactor_queries.h"
 #include "services/fileio/atomic_file.h"
 #include "services/report/report_run.h"
 #include "services/text/data_path.h"
@@ -201,7 +202,7 @@ int RunBatchCommand(const std::vector<std::string>& args, const std::string& dat
   }
   if (args[0] == "motor-start") {
     Catalogue motor_file(text::DataPath(data_root, "datcom\\Motor.Mdb"));
-    Catalogue reactor_file(text::DataPath(data_root, "datcom\\qddkq.mdb"));
+    Catalogue reactor_file(text::DataPath(data_root, djqd::kReactorCatalogue));
     MotorCatalogue motors(motor_file);
     ReactorCatalogue reactors(reactor_file);
     return Run(MotorStartJob(motors, reactors), args[1], out_path, report_path, out, err);

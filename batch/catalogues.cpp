@@ -1,6 +1,7 @@
 #include "batch/catalogues.h"
 
 #include "djqd/djqd_formulas.h"
+#include "djqd/djqd_reactor_queries.h"
 #include "forms/catalogue_queries.h"
 #include "services/tabledb/ado.h"
 #include "services/tabledb/key_indexes.h"
@@ -11,9 +12,6 @@ namespace kestra::batch {
 namespace {
 
 constexpr const char* kMotorTable = "电机";
-constexpr const char* kReactorTable = "起动电抗器数据";
-
-std::string Quoted(const std::string& s) { return "\"" + s + "\""; }
 
 }  // namespace
 
@@ -177,9 +175,8 @@ std::optional<MotorData> MotorCatalogue::Find(const std::string& series, const s
 const std::vector<double>& ReactorCatalogue::Reactances() {
   if (!reactances_) {
     reactances_.emplace();
-    if (cat_.HasTable(kReactorTable)) {
-      for (const std::string& t :
-           cat_.Column(std::string("SELECT DISTINCT [每相额定电抗Ω] FROM [") + kReactorTable + "]"))
+    if (cat_.HasTable(djqd::kReactorTable)) {
+      for (const std::string& t : cat_.Column(djqd::ReactancesQuery()))
         reactances_->push_back(text::WcsToD(t));
     }
   }
@@ -187,18 +184,15 @@ const std::vector<double>& ReactorCatalogue::Reactances() {
 }
 
 std::string ReactorCatalogue::Model(const std::string& xz_text, double istm) {
-  if (!cat_.HasTable(kReactorTable)) return {};
+  if (!cat_.HasTable(djqd::kReactorTable)) return {};
   // The catalogue holds 1.05 where the result field shows 1.050.
   const std::string x = djqd::TrimTrailingZeros(xz_text);
-  const auto current_texts = cat_.Column(std::string("SELECT DISTINCT [起动电流A] FROM [") + kReactorTable +
-                                         "] WHERE 每相额定电抗Ω LIKE " + Quoted(x));
+  const auto current_texts = cat_.Column(djqd::ReactorCurrentsQuery(x));
   std::vector<double> currents;
   for (const std::string& t : current_texts) currents.push_back(text::WcsToD(t));
   const int chosen = djqd::ChooseStartingCurrent(currents, istm);
   if (chosen < 0) return {};
-  const auto models = cat_.Column(std::string("SELECT [￥型 号] FROM ") + kReactorTable + " WHERE 起动电流A LIKE " +
-                                  Quoted(current_texts[static_cast<std::size_t>(chosen)]) +
-                                  " AND 每相额定电抗Ω LIKE " + Quoted(x));
+  const auto models = cat_.Column(djqd::ReactorModelQuery(current_texts[static_cast<std::size_t>(chosen)], x));
   return models.empty() ? std::string() : models.back();
 }
 

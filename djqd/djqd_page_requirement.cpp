@@ -5,6 +5,7 @@
 #include "djqd/djqd_dialog.h"
 #include "djqd/djqd_messages.h"
 #include "djqd/djqd_query.h"
+#include "djqd/djqd_reactor_queries.h"
 #include "djqd/djqd_report.h"
 #include "forms/catalogue_read.h"
 #include "services/idp/idp_values.h"
@@ -22,10 +23,6 @@ constexpr RequirementIds kReactorPageIds{IDC_DJQD_P2_SKM, IDC_DJQD_P2_SFH, IDC_D
                                          IDC_DJQD_P2_COS_SPIN, IDC_DJQD_P2_UM, IDC_DJQD_P2_USTM_REQ};
 constexpr RequirementIds kRatioPageIds{IDC_DJQD_P3_SKM, IDC_DJQD_P3_SFH, IDC_DJQD_P3_COS,
                                        IDC_DJQD_P3_COS_SPIN, IDC_DJQD_P3_UM, IDC_DJQD_P3_USTM_REQ};
-
-// The starting-reactor catalogue of the automatic choices and its table.
-constexpr const char* kReactorCatalogue = "datcom\\qddkq.mdb";
-const std::string kReactorTable = "起动电抗器数据";
 
 RequirementInputs InputsOf(const WorkingValues& w) {
   return {w.m_dSk, w.m_dSfh, w.m_dCosPhi, w.m_dUM, w.m_dUstmReq, {w.m_nCableType, w.m_dSection, w.m_dLength},
@@ -122,7 +119,7 @@ void CDjqdPage2dlg::DoDataExchange(ui::DataExchange& dx) {
 std::optional<std::vector<double>> CDjqdPage2dlg::CatalogueReactances() {
   forms::Catalogue db(dlg_.module().DataFile(kReactorCatalogue));
   if (!db.ok()) return std::nullopt;
-  const auto texts = db.ReadColumn("SELECT DISTINCT [每相额定电抗Ω] FROM [" + kReactorTable + "]");
+  const auto texts = db.ReadColumn(ReactancesQuery());
   if (!texts) return std::nullopt;
   std::vector<double> values;
   for (const std::string& t : *texts) values.push_back(WcsToD(t));
@@ -169,8 +166,7 @@ void CDjqdPage2dlg::OnChooseReactor() {
   const double istm = WcsToD(m_strIstm);
   forms::Catalogue db(dlg_.module().DataFile(kReactorCatalogue));
   if (!db.ok()) return;
-  const auto currents = db.ReadColumn("SELECT DISTINCT [起动电流A] FROM [" + kReactorTable + "]" +
-                                      " WHERE 每相额定电抗Ω LIKE \"" + reactance + "\"");
+  const auto currents = db.ReadColumn(ReactorCurrentsQuery(reactance));
   if (!currents) return;
   std::vector<double> values;
   for (const std::string& t : *currents) values.push_back(WcsToD(t));
@@ -180,9 +176,7 @@ void CDjqdPage2dlg::OnChooseReactor() {
     ShowText(IDC_DJQD_P2_REACTOR_MODEL, m_strReactorModel, "");
     return;
   }
-  const auto models = db.ReadColumn("SELECT [￥型 号] FROM " + kReactorTable + " WHERE 起动电流A LIKE \"" +
-                                    (*currents)[static_cast<std::size_t>(chosen)] + "\" AND 每相额定电抗Ω LIKE \"" +
-                                    reactance + "\"");
+  const auto models = db.ReadColumn(ReactorModelQuery((*currents)[static_cast<std::size_t>(chosen)], reactance));
   if (!models) return;
   ShowText(IDC_DJQD_P2_REACTOR_MODEL, m_strReactorModel, models->empty() ? std::string() : models->back());
 }
