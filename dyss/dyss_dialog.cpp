@@ -64,13 +64,17 @@ void CDyssCalDlg::OnCalculate() {
 void CDyssCalDlg::OnReport() {
   report::Blocks blocks;
   report::ReportRunOptions options;
-  // The calculation first, with its checks and messages; a refused one writes no report.
+  // The calculation first, with its checks and messages; then a report whenever the page has a
+  // result. A refused calculation empties the voltage-loss result but not the line length: a
+  // length shown before (or computed before the rated ampacity refused it) is still reported.
   if (active_page() == 0) {
-    if (!m_page1.Calculate() || m_page1.result().empty()) return;
+    m_page1.Calculate();
+    if (m_page1.result().empty()) return;
     blocks = BuildLossReport(m_page1.ReportData());
     options.title = kLossReportTitle;
   } else if (active_page() == 1) {
-    if (!m_page2.Calculate() || m_page2.result().empty()) return;
+    m_page2.Calculate();
+    if (m_page2.result().empty()) return;
     blocks = BuildLengthReport(m_page2.ReportData());
     options.title = kLengthReportTitle;
   } else {

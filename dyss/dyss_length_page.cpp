@@ -247,25 +247,28 @@ bool CDyssPage2::Calculate() {
   in.cos_phi = form.texts().cos_phi;
   in.require = m_strRequire;
   in.line = form.LineValues();
+  // The report prints the inputs as they stand, whether or not they pass.
+  last_inputs_ = in;
+  last_result_ = ComputeLength(in);
   if (const std::optional<Refusal> refusal = FirstRefusal(in)) {
+    // The result keeps the text its edit shows, so "计算书" still reports an earlier length.
     MessageBox(refusal->message, {}, ui::MB_OK);
     return false;
   }
-  const LengthResult r = ComputeLength(in);
+  const LengthResult& r = last_result_;
+  m_strResult = ResultText(r.outcome, r.l);
   if (kind == kThreePhase && m_bSection == 1) {
     UpdateHarmonicCurrent();
     const HarmonicLength h =
         ComputeHarmonicLength(r, GetDlgItemText(IDC_DYSS_I_PRIME), GetDlgItemText(IDC_DYSS_RATED));
     if (h.ampacity_short) {
-      // No length for this calculation: the result edit keeps its earlier text.
+      // The length is the page's result (the report prints it), but nothing more is shown:
+      // the result edit and L′ keep their earlier texts.
       MessageBox(kMsgAmpacityShort, kAmpacityCaption, ui::MB_OK);
       return false;
     }
     SetDlgItemText(IDC_DYSS_L_PRIME, ResultText(h.outcome, h.l_prime));
   }
-  m_strResult = ResultText(r.outcome, r.l);
-  last_inputs_ = in;
-  last_result_ = r;
   UpdateData(false);
   return true;
 }

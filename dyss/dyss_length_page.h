@@ -34,14 +34,15 @@ class CDyssPage2 : public ui::PropertyPage {
 
   // "计算" (CalculateLength): the checks of the form, l into the result edit, and for kind 0
   // with the section selection on K, I′ and L′. False when a check or the rated ampacity
-  // refused the inputs: nothing shown changes but K and I′.
+  // refused the inputs: nothing shown changes but K and I′. A refused check leaves result()
+  // as its edit shows it; a refused rated ampacity leaves it the length just computed.
   bool Calculate();
   // "确定" on this page: its keys in the tree, the form's for "确定" only.
   void StoreForOk();
   // The harmonic settings into the file itself (read, set, written); nothing before the page
   // has been shown.
   void SaveHarmonicSettings();
-  // What the report of the last calculation prints; call after Calculate returned true.
+  // What the report of the last calculation prints (its inputs as they stood, and result()).
   LengthReportData ReportData() const;
 
   CDyssForm& Form(int index) const;  // 0 or 1 (another index: form 0)

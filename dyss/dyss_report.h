@@ -1,7 +1,7 @@
 #pragma once
 // The calculation report ("计算书") of the active page: "电压损失计算书" for the voltage-loss
 // page, "线路长度计算书" for the line-length page, as report blocks. The dialog calculates first
-// and writes no report when a check refused the inputs; the blocks take the calculation's
+// and writes no report when the page then has no result; the blocks take the calculation's
 // numbers and what the dialog shows (list texts, the line data, cosφ as typed).
 #include <optional>
 #include <string>

@@ -1,6 +1,8 @@
 // The line-length page as a designer uses it: the permissible length of each kind and form, its
 // checks, the third-harmonic section current with the rated-ampacity check, the fields normalised
 // when they lose the focus, and the harmonic settings the file keeps whatever the dialog's end.
+#include <gmock/gmock.h>
+
 #include "dyss/dyss_ids.h"
 #include "tests/dyss/dialog_support.h"
 
@@ -114,11 +116,16 @@ TEST_F(DyssLengthTest, ThirdHarmonicSectionCurrentAndTheRatedAmpacity) {
     Set(d, {{IDC_DYSS_RATED, "139.535"}});
     Press(d, "计算");
     EXPECT_EQ((Texts{T(d, IDC_DYSS_LEN_RESULT), T(d, IDC_DYSS_L_PRIME)}), (Texts{"0.245", "0.175"}));
-    // Just below: refused; the shown length and L′ stay, and the report writes nothing.
+    // Just below: refused; the shown length and L′ stay. The length for Δu 4 was computed before
+    // the refusal, so the report prints it (19·4/5 / (100·1.732·0.448) = 0.19589) beside the
+    // L′ shown.
     Set(d, {{IDC_DYSS_RATED, "139.53"}, {IDC_DYSS_REQUIRE, "4"}});
     Press(d, "计算");
     Press(d, "计算书");
     EXPECT_EQ((Texts{T(d, IDC_DYSS_LEN_RESULT), T(d, IDC_DYSS_L_PRIME)}), (Texts{"0.245", "0.175"}));
+    const Texts report = ReportParagraphs(LastReport());
+    EXPECT_THAT(report, ::testing::Contains("\t最大允许线路长度l(km)=0.196"));
+    EXPECT_EQ(report.back(), "\t=0.175(km)");
 
     // Focus loss: I and I′ negative or empty become 1, the rated ampacity 0 when empty; "%g".
     Set(d, {{IDC_DYSS_LF0_I, "-3"}});
@@ -138,8 +145,8 @@ TEST_F(DyssLengthTest, ThirdHarmonicSectionCurrentAndTheRatedAmpacity) {
   });
   // Once for "计算", once for the calculation "计算书" runs first.
   EXPECT_EQ(host_.messages(), Texts(2, "额定载流量小于导线截面电流\n错误!请重新设置"));
-  EXPECT_NE(Transcript().find("[message] 提示: "), std::string::npos);
-  EXPECT_EQ(Transcript().find("[report]"), std::string::npos);
+  // The message comes before the report.
+  EXPECT_LT(Transcript().rfind("[message] 提示: "), Transcript().find("[report]"));
 }
 
 TEST_F(DyssLengthTest, FormsHandOverTheirOwnWorkingValues) {

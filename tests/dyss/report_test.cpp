@@ -2,6 +2,8 @@
 // read back from the .docx paragraph by paragraph, and compared with the report's format strings
 // filled in by hand with the example's numbers (R′ 0.193, X′ 0.08, U 0.38, cosφ 0.8: sinφ 0.6,
 // tgφ 0.75 on the voltage-loss page; R′ 0.5 and Δu 5 % on the line-length page).
+#include <gmock/gmock.h>
+
 #include "dyss/dyss_ids.h"
 #include "tests/dyss/dialog_support.h"
 
@@ -200,22 +202,35 @@ TEST_F(DyssReportTest, LineLengthReportOfEveryKindAndFormAndItsHarmonicPart) {
                        "\n\t=10*0.38*5.000/[1.732*139.535*(0.5*0.800+0.08*0.600)]\n\t=0.175(km)"));
 }
 
-TEST_F(DyssReportTest, RefusedCalculationWritesNoReport) {
+TEST_F(DyssReportTest, ARefusedCalculationReportsOnlyAResultStillHeld) {
+  // The voltage-loss page empties its result before the checks: no report, even after a good one.
   EXPECT_EQ(Report([&](CDyssCalDlg& d) {
+              Press(d, "计算");
               Set(d, {{IDC_DYSS_F0_I, ""}});
               Press(d, "计算书");
             }),
             Texts{"<no report>"});
-  // A refused calculation after a good one: no report with the earlier result either.
+  // The line-length page keeps the length its edit shows. With the defaults (I 1, cosφ 0.8,
+  // Δu 0.2) on the first line (R′ 0.193, X′ 0.08, Un 0.38): 0.2·10·0.38 / (1.732·0.2024) = 2.16798.
+  const Texts p = Report([&](CDyssCalDlg& d) {
+    ui::act::Tab(d, 1);
+    ui::act::Click(C(d, IDC_DYSS_HARM_CHECK));
+    Press(d, "计算");
+    Set(d, {{IDC_DYSS_REQUIRE, "x"}});
+    Press(d, "计算书");
+  });
+  ASSERT_FALSE(p.empty());
+  EXPECT_EQ(p.back(), "\t最大允许线路长度l(km)=2.168");
+  EXPECT_THAT(p, ::testing::Contains("\t要求线路电压损失Δu(%)=x"));
+  // Without any length shown there is nothing to report.
   EXPECT_EQ(Report([&](CDyssCalDlg& d) {
               ui::act::Tab(d, 1);
-              ui::act::Click(C(d, IDC_DYSS_HARM_CHECK));
-              Press(d, "计算");
               Set(d, {{IDC_DYSS_REQUIRE, "x"}});
               Press(d, "计算书");
             }),
             Texts{"<no report>"});
-  EXPECT_EQ(host_.messages(), (Texts{"'负荷计算电流'输入非法, 请输入大于0的实数!", "'线路电压损失'输入非法, 请输入大于0的实数!"}));
+  EXPECT_EQ(host_.messages(), (Texts{"'负荷计算电流'输入非法, 请输入大于0的实数!", "'线路电压损失'输入非法, 请输入大于0的实数!",
+                                     "'线路电压损失'输入非法, 请输入大于0的实数!"}));
 }
 
 }  // namespace
