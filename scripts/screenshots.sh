@@ -5,7 +5,7 @@
 #   scripts/screenshots.sh [OUT_DIR]        default OUT_DIR: docs/images
 # Builds first when the program or the shot tool is missing (build/, or $KESTRA_BUILD_DIR).
 # Runs on a copy of the staged data root, so the staged root keeps its first-start defaults.
-# Without a display Qt's offscreen platform draws the windows; QT_QPA_PLATFORM may choose another.
+# Qt draws the windows offscreen (no display needed) unless QT_QPA_PLATFORM names another platform.
 set -euo pipefail
 top=$(cd "$(dirname "$0")/.." && pwd)
 bdir=${KESTRA_BUILD_DIR:-$top/build}
@@ -36,12 +36,14 @@ module=$scratch/root/bin/OrvelKestra.so
 # Reports written on the way go to the scratch folder, never into the designer's documents.
 export HOME=$scratch
 
-# shot COMMAND STEP...: one run of qt_command_shot, pictures named by the steps' shot=NAME.
-failed=0
+# shot COMMAND STEP...: one run of qt_command_shot in the background (the calculators are taken at
+# the same time, each in its own process); pictures named by the steps' shot=NAME.
+runs=()
 shot() {
   local command=$1
   shift
-  "$shot_tool" "$module" "$out/" "$command" "$@" || failed=1
+  "$shot_tool" "$module" "$out/" "$command" "$@" &
+  runs+=("$!")
 }
 
 # Reactive power compensation: the natural power factor from the design loads (sub-dialog),
@@ -84,11 +86,14 @@ shot OrvelDieselContentCal \
   tab=2 set=219:550 click=214 shot=diesel_busdrop \
   cancel
 
+failed=0
+for pid in "${runs[@]}"; do
+  wait "$pid" || failed=1
+done
+
 # A 64-colour palette keeps the text sharp and the files about a third of their size.
-if command -v convert >/dev/null 2>&1; then
-  for f in "$out"/*.png; do
-    convert "$f" -dither None -colors 64 "PNG8:$f.small" && mv "$f.small" "$f"
-  done
+if command -v mogrify >/dev/null 2>&1; then
+  mogrify -dither None -colors 64 -define png:format=png8 "$out"/*.png
 fi
 
 if [ "$failed" != 0 ]; then
