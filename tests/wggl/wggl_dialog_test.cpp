@@ -149,6 +149,32 @@ TEST_F(WgglDialog, MessagesOfTheCalculation) {
   EXPECT_FALSE(fs::exists(ParamFile()));  // cancel stores nothing
 }
 
+// Every number edit of the four dialogs takes a signed real, so a minus typed by the designer
+// reaches the calculation and its messages instead of being refused at the keyboard. Two-decimal
+// rounding truncates towards zero after adding 0.005, so a negative whole number loses 0.01
+// at each rounding: −1000 becomes −999.99.
+TEST_F(WgglDialog, NegativeNumbersAreTypedAndCalculatedWith) {
+  Run([&](CWgglbcDlg& d) {
+    Enter(d, "0.75", "0.95", "0.75", "-1000");  // (0.75 · −999.99) · 0.55 = −412.495875
+    Type(d, kRating, "-30");
+    Calc(d);
+    EXPECT_EQ(Texts(d, {kQc, kCount, kActual}), (Strings{"412.5", "", ""}));
+    // The squares of the sub-dialogs' formulas lose the signs: 1/√(1 + (881.99/999.98)²) = 0.74997.
+    host_.QueueDriver([&](ui::Dialog& s) {
+      EXPECT_EQ(Text(s, 1105), "-999.99");
+      EXPECT_TRUE(Confirm(s, {{1101, "0.75"}, {1103, "0.75"}, {1106, "-882"}}));
+    });
+    ui::act::Click(Ctl(d, kDesign));
+    EXPECT_EQ(Texts(d, {kCos1, kPjs}), (Strings{"0.75", "-999.97"}));  // rounded in both dialogs
+    host_.QueueDriver([&](ui::Dialog& s) { EXPECT_TRUE(Confirm(s, {{1201, "-1000"}, {1202, "-882"}})); });
+    Type(d, kCos1, "0.5");
+    ui::act::Click(Ctl(d, kInUse));
+    EXPECT_EQ(Text(d, kCos1), "0.75");
+    ui::act::Cancel(d);
+  });
+  EXPECT_EQ(host_.messages(), (Strings{kNegative, "没有输入单个电容器额定容量或不能为零,无法计算单个电容器的数量!"}));
+}
+
 TEST_F(WgglDialog, CapacitorControlsFollowTheCheckBox) {
   Store("Sfdrsl", "0");
   auto expect_enabled = [](ui::Dialog& d, bool on) {
