@@ -33,9 +33,9 @@ std::string ModuleContext::ModuleName() const {
 }
 
 ZoDtDictionary* ModuleContext::Dictionary() const {
-  // Asked once there is a service to ask; a key that cannot be made asks nothing.
-  if (!dictionary_asked_ && g_pQuendaLangSwitch) {
-    dictionary_asked_ = true;
+  // A dictionary the service gave is kept; until it gives one, every switch asks again. A key
+  // that cannot be made asks nothing.
+  if (!dictionary_ && g_pQuendaLangSwitch) {
     const std::string key = ModuleLanguageKey(module_path_);
     if (!key.empty()) dictionary_ = g_pQuendaLangSwitch->GetModuleDictionary(key);
   }

@@ -44,7 +44,8 @@ class ModuleContext {
   // The group name: string 100 of the resources ("OrvelKestra").
   std::string ModuleName() const;
 
-  // The module's language dictionary, asked of the language-switch service once (null: none).
+  // The module's language dictionary from the language-switch service (null: none yet); once
+  // the service has given one it is kept, until then it is asked at each call.
   ZoDtDictionary* Dictionary() const;
 
  private:
@@ -55,7 +56,6 @@ class ModuleContext {
   const ui::ResourceSet* resources_;
   void* main_window_ = nullptr;
   mutable ZoDtDictionary* dictionary_ = nullptr;
-  mutable bool dictionary_asked_ = false;
 };
 
 // The one resource switch of every command and of every dialog a dialog opens: for the life

@@ -5,6 +5,7 @@
 
 #include <memory>
 
+#include "services/text/data_path.h"
 #include "shell/host_api.h"
 #include "shell/module_commands.h"
 #include "shell/module_context.h"
@@ -18,9 +19,12 @@ __attribute__((constructor)) void RecordModuleInstance() {
   Dl_info info{};
   if (!dladdr(reinterpret_cast<void*>(&RecordModuleInstance), &info)) return;
   ModuleInstance inst;
-  inst.path = info.dli_fname ? info.dli_fname : "";
+  const std::string loaded_as = info.dli_fname ? info.dli_fname : "";
+  // The dynamic linker keeps the name the host loaded the file by, which may be relative to
+  // the folder the host is in now; the data root is found from the full path.
+  inst.path = text::FullPath(loaded_as);
   // The handle of the file already loaded, without a reference of our own.
-  inst.handle = dlopen(inst.path.c_str(), RTLD_NOW | RTLD_NOLOAD);
+  inst.handle = dlopen(loaded_as.c_str(), RTLD_NOW | RTLD_NOLOAD);
   if (inst.handle) dlclose(inst.handle);
   RecordInstance(std::move(inst));
 }

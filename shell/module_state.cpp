@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "res/embedded.h"
+#include "services/text/data_path.h"
 #include "ui/resource_script.h"
 
 namespace kestra::shell {
@@ -30,7 +31,7 @@ const ui::ResourceSet* ResourcesOf(const ModuleInstance&) {
 std::string ModulePath() {
   if (Instance() && !Instance()->path.empty()) return Instance()->path;
   Dl_info info{};
-  if (dladdr(reinterpret_cast<void*>(&ModulePath), &info) && info.dli_fname) return info.dli_fname;
+  if (dladdr(reinterpret_cast<void*>(&ModulePath), &info) && info.dli_fname) return text::FullPath(info.dli_fname);
   return {};
 }
 

@@ -51,7 +51,7 @@ bool HostSession::Load(const std::string& module_path, std::string* error) {
   handle_ = h;
   entry_ = entry;
   // The module's data root holds the project whose title block heads every report.
-  data_root_ = text::DataRootOfModule(module_path);
+  data_root_ = text::DataRootOfModule(text::FullPath(module_path));
   ui_.SetProjectFile(ProjectFile());
   last_entry_result_ = entry_(kestra::shell::kInitAppMsg, &package_);
   return true;

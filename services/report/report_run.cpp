@@ -36,20 +36,37 @@ bool RunReport(ReportTarget& target, const std::function<void(const std::string&
   }
   if (!file) return fail(options.open_failure_message, cause);
 
+  // The body runs as far as it goes; a failure stops it where it happened.
   ReportWriter writer;
+  std::optional<std::string> failure;
+  std::string failure_cause;
   try {
     writer.OpenReport();
     body(writer);
+  } catch (const COleDispatchException& e) {
+    failure = OleDispatchExceptionMessage(e);
+  } catch (const COleException& e) {
+    failure = OleExceptionMessage(e);
+    failure_cause = e.what();
+  } catch (const std::exception& e) {
+    failure = OtherErrorMessage(writer, options);
+    failure_cause = e.what();
+  } catch (...) {
+    failure = OtherErrorMessage(writer, options);
+  }
+
+  // What was written stays in the document, finished or not: the designer sees how far the
+  // report came. When the document itself cannot be stored, nothing stays and that is said,
+  // unless the body had already failed: its failure is the one the designer is told.
+  try {
     file->Commit(DocxBytes(writer.Document(), options.created != 0 ? options.created : std::time(nullptr),
                            target.ReportProject()));
-  } catch (const COleDispatchException& e) {
-    return fail(OleDispatchExceptionMessage(e), {});
   } catch (const COleException& e) {
-    return fail(OleExceptionMessage(e), e.what());
+    return failure ? fail(*failure, failure_cause) : fail(OleExceptionMessage(e), e.what());
   } catch (const std::exception& e) {
-    return fail(OtherErrorMessage(writer, options), e.what());
+    return failure ? fail(*failure, failure_cause) : fail(OtherErrorMessage(writer, options), e.what());
   } catch (...) {
-    return fail(OtherErrorMessage(writer, options), {});
+    return failure ? fail(*failure, failure_cause) : fail(OtherErrorMessage(writer, options), {});
   }
 
   try {
@@ -57,6 +74,7 @@ bool RunReport(ReportTarget& target, const std::function<void(const std::string&
   } catch (...) {
     show_message(kOtherErrorMessage);
   }
+  if (failure) return fail(*failure, failure_cause);
   return true;
 }
 

@@ -1,7 +1,7 @@
 #pragma once
-// The guard around the writing of one report: opens the document, runs the report's body, and
-// on success stores the document as a new .docx and has the host show it. Any failure is shown
-// to the designer in one message and leaves no file behind.
+// The guard around the writing of one report: opens the document, runs the report's body,
+// stores the document as a new .docx and has the host show it. Any failure is shown to the
+// designer in one message; what the body wrote before it stays in the document.
 #include <ctime>
 #include <functional>
 #include <optional>
@@ -29,14 +29,15 @@ struct ReportRunOptions {
 
 // 1. target.NewReportPath(title) and a new file there; when there is no path or the file cannot
 //    be created: show_message(open_failure_message), return false.
-// 2. writer.OpenReport(), body(writer), the .docx written at the path (atomically, never over
-//    another file). On an exception: show_message with
+// 2. writer.OpenReport(), body(writer). On an exception the body stops there; the message is
 //      "COleException. SCODE: %08lx."                            for COleException,
 //      "COleDispatchException. SCODE: %08lx,Description: \"%s\"." for COleDispatchException,
-//      header_failure_message or "Catch All Other ERROR"          for any other;
-//    no file is left; return false.
-// 3. target.ShowReport(path) (an exception from it shows "Catch All Other ERROR"; the report
-//    stays written); return true.
+//      header_failure_message or "Catch All Other ERROR"          for any other.
+// 3. The .docx of what was written, finished or not, at the path (atomically, never over
+//    another file). When it cannot be stored: no file, and the body's message, or when the body
+//    finished, the message of the storing failure (as above); return false.
+// 4. target.ShowReport(path) (an exception from it shows "Catch All Other ERROR"; the report
+//    stays written); then the body's message, if it failed. True when the body finished.
 // show_message gets the text only: the host shows it with its default caption and an OK button.
 // Before it, target.ShowFailureCause gets what the exception said (for a file: the path and the
 // system's text), when there is such a text.

@@ -3,6 +3,7 @@
 #include <dirent.h>
 #include <sys/stat.h>
 
+#include <filesystem>
 #include <vector>
 
 namespace kestra::text {
@@ -50,6 +51,13 @@ std::string DataRootOfModule(std::string_view module_path) {
     if (pos != std::string::npos) s.resize(pos);
   }
   return s;
+}
+
+std::string FullPath(std::string_view path) {
+  if (path.empty()) return {};
+  std::error_code e;
+  const std::filesystem::path full = std::filesystem::absolute(std::filesystem::path(path), e);
+  return e ? std::string(path) : full.lexically_normal().string();
 }
 
 std::string JoinDataRoot(std::string_view root, std::string_view rel) {

@@ -10,6 +10,11 @@ namespace kestra::text {
 // ("D:\Prog\Sys\module.arx" -> "D:\Prog"). A cut that finds no separator changes nothing.
 std::string DataRootOfModule(std::string_view module_path);
 
+// The full path of a file named relative to the current folder, as the system names a loaded
+// module ("bin/OrvelKestra.so" -> "/opt/kestra/bin/OrvelKestra.so"); "." and ".." are taken out,
+// links are not followed. An empty text stays empty.
+std::string FullPath(std::string_view path);
+
 // root + separator (when root ends with none and rel does not start with one) + rel.
 std::string JoinDataRoot(std::string_view root, std::string_view rel);
 

@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstring>
 
+#include "services/fileio/atomic_file.h"
 #include "services/report/report_errors.h"
 #include "services/report/report_run.h"
 #include "tests/report/report_folder_test.h"
@@ -111,7 +112,10 @@ TEST_F(RunReportTest, NeverWritesOverAnExistingFileButTakesTheNextFreeName) {
   EXPECT_EQ(Files(), (std::vector<std::string>{"报告 (2).docx", "报告 (3).docx", "报告 (4).docx", "报告.docx"}));
 }
 
-TEST_F(RunReportTest, FailuresInTheBodyLeaveNoFileAndSayWhatHappened) {
+// A failure stops the report where it happened; what was written before it stays in the
+// document, which the designer is shown before the message. Only a document that cannot be
+// stored leaves nothing.
+TEST_F(RunReportTest, FailuresInTheBodyKeepWhatWasWrittenAndSayWhatHappened) {
   const std::string dispatch =
       "COleDispatchException. SCODE: 00001735,Description: \"The requested member of the collection does not exist.\".";
   // The diesel report: a failure before its header is done has a message of its own.
@@ -129,25 +133,61 @@ TEST_F(RunReportTest, FailuresInTheBodyLeaveNoFileAndSayWhatHappened) {
     bool diesel;
     std::function<void(ReportWriter&)> body;
     std::string message;
+    std::vector<std::string> kept, lost;  // texts in the stored document, and not in it
   };
   const Case cases[] = {
-      {false, [](ReportWriter& w) { w.TitleBlock("t"); throw std::runtime_error("boom"); }, "Catch All Other ERROR"},
-      {false, [](ReportWriter& w) { w.SetParagraphStyle("标题 7", 0); }, dispatch},
-      {false, [](ReportWriter&) { throw COleException(0x80030070u, "disk full"); }, "COleException. SCODE: 80030070."},
-      {false, [](ReportWriter&) { throw 42; }, "Catch All Other ERROR"},
-      {true, diesel_fail_at(0), "Catch All ERROR"},
-      {true, diesel_fail_at(1), "Catch All Other ERROR"},
-      {true, [](ReportWriter& w) { w.SetParagraphStyle("x", 0); }, dispatch},  // not an "other" error
+      {false, [](ReportWriter& w) { w.TitleBlock("已写的标题"); throw std::runtime_error("boom"); w.BodyBlock("未写"); },
+       "Catch All Other ERROR", {"已写的标题"}, {"未写"}},
+      {false, [](ReportWriter& w) { w.BodyBlock("正文一"); w.SetParagraphStyle("标题 7", 0); w.BodyBlock("未写"); },
+       dispatch, {"正文一"}, {"未写"}},
+      {false, [](ReportWriter&) { throw COleException(0x80030070u, "disk full"); }, "COleException. SCODE: 80030070.", {}, {}},
+      {false, [](ReportWriter& w) { w.BodyBlock("x<U>2</U>"); throw 42; }, "Catch All Other ERROR", {"superscript"}, {}},
+      {true, diesel_fail_at(0), "Catch All ERROR", {"柴油发电机组容量计算"}, {"计 算 者"}},
+      {true, diesel_fail_at(1), "Catch All Other ERROR", {"计 算 者:"}, {}},
+      {true, [](ReportWriter& w) { w.SetParagraphStyle("x", 0); }, dispatch, {}, {}},  // not an "other" error
   };
   for (const auto& c : cases) {
     messages_.clear();
+    target_.shown.clear();
+    std::size_t shown_before_message = 0;
     if (c.diesel) options_.header_failure_message = kestra::report::kDieselHeaderErrorMessage;
-    EXPECT_FALSE(Write(c.body)) << c.message;
+    EXPECT_FALSE(RunReport(
+        target_,
+        [&](const std::string& m) {
+          messages_.push_back(m);
+          shown_before_message = target_.shown.size();
+        },
+        c.body, options_))
+        << c.message;
     EXPECT_EQ(messages_, std::vector<std::string>{c.message});
+    ASSERT_EQ(target_.shown, std::vector<std::string>{*target_.path}) << c.message;
+    EXPECT_EQ(shown_before_message, 1u) << c.message;
+    const std::optional<std::string> doc = kestra::report::testing::ReadZipMember(*target_.path, "word/document.xml");
+    ASSERT_TRUE(doc.has_value()) << c.message;
+    for (const std::string& t : c.kept) EXPECT_NE(doc->find(t), std::string::npos) << c.message << ": " << t;
+    for (const std::string& t : c.lost) EXPECT_EQ(doc->find(t), std::string::npos) << c.message << ": " << t;
+    fs::remove(*target_.path);
   }
   EXPECT_TRUE(Files().empty());
-  EXPECT_TRUE(target_.shown.empty());
+  target_.shown.clear();
+  messages_.clear();
   EXPECT_TRUE(Write(diesel_fail_at(2)));
+  EXPECT_TRUE(messages_.empty());
+  EXPECT_EQ(target_.shown.size(), 1u);
+  fs::remove(*target_.path);
+
+  // A document that cannot be stored leaves no file: the storing failure is told, or the body's
+  // own failure when the body had failed first.
+  kestra::fileio::testing::SetBeforePublishHook([](const std::string&) { return false; });
+  options_.header_failure_message.reset();
+  target_.shown.clear();
+  messages_.clear();
+  EXPECT_FALSE(Write(kestra::report::testing::WriteSampleReport));
+  EXPECT_FALSE(Write([](ReportWriter& w) { w.TitleBlock("t"); throw std::runtime_error("boom"); }));
+  kestra::fileio::testing::SetBeforePublishHook(nullptr);
+  EXPECT_EQ(messages_, (std::vector<std::string>{"COleException. SCODE: 80004005.", "Catch All Other ERROR"}));
+  EXPECT_TRUE(target_.shown.empty());
+  EXPECT_TRUE(Files().empty());
 }
 
 // The status code says what the system said, in Windows' numbers (winerror.h); a full disk is

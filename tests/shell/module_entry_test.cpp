@@ -137,13 +137,16 @@ TEST(ModuleContext, TwoHostsInOneProcessKeepTheirDialogsFilesAndResources) {
   EXPECT_EQ(host_b.calls, (Strings{"push", "pop"}));
 }
 
-// A language-switch service that hands out one dictionary and records the questions.
+// A language-switch service that hands out one dictionary (after `none_first` questions
+// answered with none) and records the questions.
 class OneDictionary : public ZoLangSwitch {
  public:
   ZoDtDictionary dict;
   Strings asked;
+  int none_first = 0;
   ZoDtDictionary* GetModuleDictionary(const std::string& key) override {
     asked.push_back(key);
+    if (static_cast<int>(asked.size()) <= none_first) return nullptr;
     dict.key = key;
     return &dict;
   }
@@ -164,6 +167,25 @@ TEST(ModuleContext, ScopeMakesTheModulesLanguageCurrentAskingOnce) {
   }
   EXPECT_EQ(g_pCurModuleLang, &outer);
   EXPECT_EQ(service.asked, Strings{"ORVELKESTRA1"});
+
+  // A service that has no dictionary for the key yet is asked again at the next switch; the
+  // switch makes "none" current meanwhile.
+  OneDictionary late;
+  late.none_first = 2;
+  g_pQuendaLangSwitch = &late;
+  const kestra::shell::ModuleContext other(nullptr, nullptr, "/opt/kestra/bin/Kestra7.so",
+                                           &kestra::res::ModuleResources());
+  const ZoDtDictionary* seen[4] = {};
+  for (const ZoDtDictionary*& s : seen) {
+    kestra::shell::ModuleScope scope(other);
+    s = g_pCurModuleLang;
+  }
+  EXPECT_EQ(seen[0], nullptr);
+  EXPECT_EQ(seen[1], nullptr);
+  EXPECT_EQ(seen[2], &late.dict);
+  EXPECT_EQ(seen[3], &late.dict);
+  EXPECT_EQ(late.asked, (Strings{"KESTRA", "KESTRA", "KESTRA"}));
+  EXPECT_EQ(g_pCurModuleLang, &outer);
   g_pQuendaLangSwitch = nullptr;
   g_pCurModuleLang = nullptr;
 }

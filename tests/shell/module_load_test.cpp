@@ -2,9 +2,11 @@
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <sstream>
 
 #include "host/core/host_session.h"
+#include "tests/support/temp_folder.h"
 #include "ui/headless_host.h"
 
 namespace {
@@ -37,6 +39,32 @@ TEST(ModuleLoad, LoadUnloadLoadRegistersTheSameGroupAgain) {
     EXPECT_TRUE(session.Commands().empty());
     EXPECT_FALSE(session.RunCommand("sample"));
   }
+}
+
+// A module loaded by a name relative to the current folder has its data root two folders above
+// the file all the same, also once the program has gone to another folder.
+TEST(ModuleLoad, ARelativeNameFindsTheDataRootAboveTheFile) {
+  namespace fs = std::filesystem;
+  const kestra::testing::TempFolder folder("kestra_relative");
+  const fs::path root = fs::canonical(folder.path()) / "root";
+  fs::create_directories(root / "bin");
+  for (const char* file : {"OrvelKestra.so", "libkestra_ui.so"})
+    fs::copy_file(fs::path(KESTRA_ROOT_DIR) / "bin" / file, root / "bin" / file);
+  std::ostringstream transcript;
+  {
+    ui::HeadlessHost ui(transcript);
+    kestra::host::HostSession session(ui);
+    const fs::path was = fs::current_path();
+    fs::current_path(root);
+    std::string error;
+    const bool loaded = session.Load("bin/OrvelKestra.so", &error);
+    fs::current_path(was);
+    ASSERT_TRUE(loaded) << error;
+    EXPECT_EQ(session.data_root(), root.string());
+    // The line catalogue is looked for under that root (which has none).
+    EXPECT_TRUE(session.RunCommand("DYSSCAL"));
+  }
+  EXPECT_NE(transcript.str().find((root / "datcom" / "DyssCal.Mdb").string()), std::string::npos) << transcript.str();
 }
 
 TEST(ModuleLoad, ShowsOnlyItsEntryPoints) {
