@@ -185,6 +185,25 @@ TEST_F(BatchTest, TenThousandRowScheduleWithCatalogueLookups) {
   EXPECT_NE(r.out.find("10000 rows: 9990 passed, 0 failed, 10 refused"), std::string::npos);
 }
 
+// The same two circuits as spreadsheets save them: with or without a BOM, lines ended by CRLF, LF
+// or a lone CR ("CSV (Macintosh)"). Δu = 0.2024·100·0.5·1.732/(0.38·10) = 4.613 % for WP1;
+// WP2 at 0.25 km: 2.306 %.
+TEST_F(BatchTest, LineEndsAndByteOrderMarkOfSpreadsheets) {
+  const std::string rows[] = {"回路,线路种类,电阻Ω/km,感抗Ω/km,电压kV,电流A,有功kW,长度km,功率因数,允许压降%,线路表,索引1,索引2,索引3",
+                              "WP1,0,0.193,0.08,0.38,100,,0.5,0.8,5,,,,", "\"WP2\",0,0.193,0.08,0.38,100,,0.25,0.8,5,,,,"};
+  for (const char* bom : {"", "\xEF\xBB\xBF"}) {
+    for (const char* end : {"\r\n", "\n", "\r"}) {
+      SCOPED_TRACE(std::string(bom) + (end[0] == '\n' ? "LF" : end[1] ? "CRLF" : "CR"));
+      Result r = Run("voltage-loss", bom + rows[0] + end + rows[1] + end + rows[2] + end);
+      EXPECT_EQ(r.status, kestra::batch::kAllPassed) << r.err;
+      ASSERT_EQ(r.rows.size(), 2u) << r.err;
+      EXPECT_EQ(r.rows.at(2)["Δu%"], "4.613");
+      EXPECT_EQ(r.rows.at(3)["Δu%"], "2.306");
+      EXPECT_EQ(r.rows.at(3)["回路"], "WP2");
+    }
+  }
+}
+
 TEST_F(BatchTest, ScheduleThatCannotRunWritesNothing) {
   struct Case {
     const char* what;
