@@ -222,6 +222,17 @@ TEST_F(BatchTest, ScheduleThatCannotRunWritesNothing) {
     EXPECT_NE(r.err.find(c.error), std::string::npos) << r.err;
     EXPECT_FALSE(fs::exists(dir / "results.csv"));
   }
+  // Results named as the schedule itself (by another spelling of its path) would replace it.
+  const std::string csv = kLossHeader + "WP1,0,,,,,0.193,0.08,0.38,100,,0.5,0.8,5\r\n";
+  std::ofstream(dir / "schedule.csv", std::ios::binary) << csv;
+  std::ostringstream o, e;
+  const std::string same = (dir / "." / "schedule.csv").string();
+  EXPECT_EQ(kestra::batch::RunBatchCommand({"voltage-loss", (dir / "schedule.csv").string(), "--out", same}, KESTRA_ROOT_DIR, o, e),
+            kestra::batch::kNotRun);
+  EXPECT_NE(e.str().find("is the schedule itself"), std::string::npos) << e.str();
+  std::string content, error;
+  ASSERT_TRUE(kestra::catalog::ReadWholeFile((dir / "schedule.csv").string(), content, error));
+  EXPECT_EQ(content, csv);
 }
 
 }  // namespace
