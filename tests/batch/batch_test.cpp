@@ -230,6 +230,13 @@ TEST_F(BatchTest, ScheduleThatCannotRunWritesNothing) {
   EXPECT_EQ(kestra::batch::RunBatchCommand({"voltage-loss", (dir / "schedule.csv").string(), "--out", same}, KESTRA_ROOT_DIR, o, e),
             kestra::batch::kNotRun);
   EXPECT_NE(e.str().find("is the schedule itself"), std::string::npos) << e.str();
+  // A report named by a folder: refused, nothing written beside it.
+  std::ostringstream o2, e2;
+  EXPECT_EQ(kestra::batch::RunBatchCommand({"voltage-loss", (dir / "schedule.csv").string(), "--report", dir.string()}, KESTRA_ROOT_DIR,
+                                           o2, e2),
+            kestra::batch::kNotRun);
+  EXPECT_NE(e2.str().find("is a folder"), std::string::npos) << e2.str();
+  EXPECT_FALSE(fs::exists(dir.string() + " (2)"));
   std::string content, error;
   ASSERT_TRUE(kestra::catalog::ReadWholeFile((dir / "schedule.csv").string(), content, error));
   EXPECT_EQ(content, csv);
