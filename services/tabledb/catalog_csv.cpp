@@ -111,7 +111,7 @@ bool SplitCsvRecords(std::string_view content, const std::string& file_name, std
       ++i;
       continue;
     }
-    if (c == '\r' && (i + 1 == content.size() || content[i + 1] == '\n')) {
+    if (c == '\r' && i + 1 < content.size() && content[i + 1] == '\n') {
       ++i;
       continue;
     }
