@@ -195,6 +195,17 @@ int RunBatchCommand(const std::vector<std::string>& args, const std::string& dat
       return kNotRun;
     }
   }
+  // Results written over the schedule would lose the designer's own file.
+  std::error_code same_ec;
+  if (!out_path.empty() && std::filesystem::equivalent(out_path, args[1], same_ec)) {
+    err << "kestra batch: --out " << out_path << " is the schedule itself; give the results a file of their own\n";
+    return kNotRun;
+  }
+  // A folder is no report name (the next free name after "." would be " (2).").
+  if (!report_path.empty() && std::filesystem::is_directory(report_path, same_ec)) {
+    err << "kestra batch: --report " << report_path << " is a folder; name the report's file (SUMMARY.docx)\n";
+    return kNotRun;
+  }
   if (args[0] == "voltage-loss") {
     Catalogue catalogue(text::DataPath(data_root, "datcom\\DyssCal.Mdb"));
     LineCatalogue lines(catalogue);

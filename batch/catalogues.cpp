@@ -4,6 +4,7 @@
 #include "djqd/djqd_reactor_queries.h"
 #include "forms/catalogue_queries.h"
 #include "services/tabledb/ado.h"
+#include "services/tabledb/cell_text.h"
 #include "services/tabledb/key_indexes.h"
 #include "services/text/data_path.h"
 #include "services/text/number_text.h"
@@ -116,7 +117,7 @@ std::optional<LineData> LineCatalogue::Find(const std::string& table, const std:
       for (std::size_t k = 0; k < 3 && found; ++k) {
         const auto cells = cat_.Column(forms::RowValueQuery(cols->value[k], table, where, style));
         found = !cells.empty();
-        if (found) d.values[k] = cells.back();  // the last row wins, as in the form
+        if (found) d.values[k] = tabledb::NumberCellText(cells.back());  // the last row wins, as in the form
       }
     } catch (const CADOException& e) {
       rows_.erase(it);
@@ -155,7 +156,7 @@ std::optional<MotorData> MotorCatalogue::Find(const std::string& series, const s
       for (std::size_t k = 0; k < 5 && found; ++k) {
         const auto cells = cat_.Column(forms::RowValueQuery(kColumns[k], kMotorTable, keys, forms::RowQueryStyle{}));
         found = !cells.empty();
-        if (found) d.values[k] = cells.back();
+        if (found) d.values[k] = tabledb::NumberCellText(cells.back());
       }
       if (found) it->second = std::move(d);
     }

@@ -120,7 +120,10 @@ void CDyssPage2::LoadHarmonicSettings() {
     } else if (k.role == Role::kListPosition) {
       if (ui::Control* list = GetDlgItem(k.control)) list->SetCurSel(text::WToI(t));
     } else {
-      SetDlgItemText(k.control, t);
+      // A damaged file's text these numeric edits could never hold ("nan", "-inf", letters)
+      // would be shown and stored again as it is: the key's default stands in for it.
+      const ui::Control* edit = GetDlgItem(k.control);
+      SetDlgItemText(k.control, !edit || ui::FilterAccepts(edit->filter(), t) ? t : k.default_text);
     }
   }
   UpdateData(false);

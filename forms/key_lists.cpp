@@ -4,6 +4,7 @@
 
 #include "forms/catalogue_read.h"
 #include "services/tabledb/ado.h"
+#include "services/tabledb/cell_text.h"
 #include "services/tabledb/key_indexes.h"
 
 namespace kestra::forms {
@@ -191,7 +192,7 @@ bool KeyLists::FetchValues(const std::vector<std::string>& value_columns, std::v
   for (std::size_t k = 0; k < value_columns.size() && k < texts.size(); ++k) {
     auto rows = Read(RowValueQuery(value_columns[k], table_, keys, style_.row_query));
     if (!rows) return false;
-    if (!rows->empty()) texts[k] = rows->back();
+    if (!rows->empty()) texts[k] = tabledb::NumberCellText(rows->back());
   }
   return true;
 }

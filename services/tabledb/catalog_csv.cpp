@@ -81,7 +81,7 @@ bool SplitCsvRecords(std::string_view content, const std::string& file_name, std
   };
   while (i < content.size()) {
     const char c = content[i];
-    if (c == '"' && field.empty() && (i == 0 || content[i - 1] == ',' || content[i - 1] == '\n')) {
+    if (c == '"' && field.empty() && (i == 0 || content[i - 1] == ',' || content[i - 1] == '\n' || content[i - 1] == '\r')) {
       const std::size_t open_line = line;
       ++i;
       for (;;) {
@@ -99,9 +99,7 @@ bool SplitCsvRecords(std::string_view content, const std::string& file_name, std
         field += content[i++];
       }
       field_started = true;
-      if (i < content.size() && content[i] != ',' && content[i] != '\n' &&
-          !(content[i] == '\r' && i + 1 < content.size() && content[i + 1] == '\n') &&
-          !(content[i] == '\r' && i + 1 == content.size())) {
+      if (i < content.size() && content[i] != ',' && content[i] != '\n' && content[i] != '\r') {
         return fail(line, "text after the closing quote of a field");
       }
       continue;
@@ -113,11 +111,12 @@ bool SplitCsvRecords(std::string_view content, const std::string& file_name, std
       ++i;
       continue;
     }
-    if (c == '\r' && (i + 1 == content.size() || content[i + 1] == '\n')) {
+    if (c == '\r' && i + 1 < content.size() && content[i + 1] == '\n') {
       ++i;
       continue;
     }
-    if (c == '\n') {
+    // A line ends with LF, CRLF, or a lone CR (a spreadsheet's "CSV (Macintosh)").
+    if (c == '\n' || c == '\r') {
       end_record();
       ++line;
       record_line = line;

@@ -1,5 +1,5 @@
 #pragma once
-// Catalogue CSV sources: UTF-8 (BOM allowed), comma-separated, RFC 4180 quoting, LF or CRLF,
+// Catalogue CSV sources: UTF-8 (BOM allowed), comma-separated, RFC 4180 quoting, LF, CRLF or CR,
 // first row = column names.
 #include <string>
 #include <string_view>

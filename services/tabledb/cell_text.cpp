@@ -18,6 +18,14 @@ std::string NumberText(double d) {
   return kestra::text::ShortestText(d);
 }
 
+std::string NumberCellText(std::string_view text) {
+  std::size_t used = 0;
+  kestra::text::WcsToD(text, &used);
+  const bool blank = kestra::text::BlanksAt(text) == text.size();  // an empty cell, however typed
+  if (used > 0 || blank || text == kestra::text::kOverflowText) return std::string(text);
+  return kestra::text::kInvalidText;
+}
+
 std::string CellText(sqlite3_value* v) {
   switch (sqlite3_value_type(v)) {
     case SQLITE_INTEGER:

@@ -12,6 +12,11 @@ namespace kestra::tabledb {
 // integers as integers; texts as they are; NULL as "".
 std::string CellText(sqlite3_value* v);
 std::string NumberText(double d);
+// A cell of a number column (R′, a motor's currents) as the calculators show and read it: its text,
+// or text::kInvalidText when the text holds no number at all ("nan", "abc" in a damaged
+// catalogue). Either way it reads as 0; the designer then sees the damaged cell in the line data
+// and the report instead of a "nan" that looks like a value.
+std::string NumberCellText(std::string_view text);
 
 // LIKE as the catalogues need it: "%" any run of characters, "_" one character, ASCII
 // letters without regard to case, other characters exactly; `escape` (0 for none) makes

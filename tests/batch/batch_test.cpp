@@ -185,6 +185,25 @@ TEST_F(BatchTest, TenThousandRowScheduleWithCatalogueLookups) {
   EXPECT_NE(r.out.find("10000 rows: 9990 passed, 0 failed, 10 refused"), std::string::npos);
 }
 
+// The same two circuits as spreadsheets save them: with or without a BOM, lines ended by CRLF, LF
+// or a lone CR ("CSV (Macintosh)"). Δu = 0.2024·100·0.5·1.732/(0.38·10) = 4.613 % for WP1;
+// WP2 at 0.25 km: 2.306 %.
+TEST_F(BatchTest, LineEndsAndByteOrderMarkOfSpreadsheets) {
+  const std::string rows[] = {"回路,线路种类,电阻Ω/km,感抗Ω/km,电压kV,电流A,有功kW,长度km,功率因数,允许压降%,线路表,索引1,索引2,索引3",
+                              "WP1,0,0.193,0.08,0.38,100,,0.5,0.8,5,,,,", "\"WP2\",0,0.193,0.08,0.38,100,,0.25,0.8,5,,,,"};
+  for (const char* bom : {"", "\xEF\xBB\xBF"}) {
+    for (const char* end : {"\r\n", "\n", "\r"}) {
+      SCOPED_TRACE(std::string(bom) + (end[0] == '\n' ? "LF" : end[1] ? "CRLF" : "CR"));
+      Result r = Run("voltage-loss", bom + rows[0] + end + rows[1] + end + rows[2] + end);
+      EXPECT_EQ(r.status, kestra::batch::kAllPassed) << r.err;
+      ASSERT_EQ(r.rows.size(), 2u) << r.err;
+      EXPECT_EQ(r.rows.at(2)["Δu%"], "4.613");
+      EXPECT_EQ(r.rows.at(3)["Δu%"], "2.306");
+      EXPECT_EQ(r.rows.at(3)["回路"], "WP2");
+    }
+  }
+}
+
 TEST_F(BatchTest, ScheduleThatCannotRunWritesNothing) {
   struct Case {
     const char* what;
@@ -203,6 +222,24 @@ TEST_F(BatchTest, ScheduleThatCannotRunWritesNothing) {
     EXPECT_NE(r.err.find(c.error), std::string::npos) << r.err;
     EXPECT_FALSE(fs::exists(dir / "results.csv"));
   }
+  // Results named as the schedule itself (by another spelling of its path) would replace it.
+  const std::string csv = kLossHeader + "WP1,0,,,,,0.193,0.08,0.38,100,,0.5,0.8,5\r\n";
+  std::ofstream(dir / "schedule.csv", std::ios::binary) << csv;
+  std::ostringstream o, e;
+  const std::string same = (dir / "." / "schedule.csv").string();
+  EXPECT_EQ(kestra::batch::RunBatchCommand({"voltage-loss", (dir / "schedule.csv").string(), "--out", same}, KESTRA_ROOT_DIR, o, e),
+            kestra::batch::kNotRun);
+  EXPECT_NE(e.str().find("is the schedule itself"), std::string::npos) << e.str();
+  // A report named by a folder: refused, nothing written beside it.
+  std::ostringstream o2, e2;
+  EXPECT_EQ(kestra::batch::RunBatchCommand({"voltage-loss", (dir / "schedule.csv").string(), "--report", dir.string()}, KESTRA_ROOT_DIR,
+                                           o2, e2),
+            kestra::batch::kNotRun);
+  EXPECT_NE(e2.str().find("is a folder"), std::string::npos) << e2.str();
+  EXPECT_FALSE(fs::exists(dir.string() + " (2)"));
+  std::string content, error;
+  ASSERT_TRUE(kestra::catalog::ReadWholeFile((dir / "schedule.csv").string(), content, error));
+  EXPECT_EQ(content, csv);
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 // The voltage-loss page as a designer uses it: the forms chosen by line kind and load situation,
 // the line catalogue lists, the checks, the spin, the hand-over between forms, the C pick dialog
 // and what "确定" and "取消" leave in the parameter file.
+#include <sqlite3.h>
+
 #include <fstream>
 
 #include "dyss/dyss_ids.h"
@@ -257,6 +259,28 @@ TEST_F(DyssDialogTest, LineCatalogueListsQueriesAndLineData) {
     Press(d, "计算");
     EXPECT_EQ(T(d, IDC_DYSS_RESULT), "无线路数据");
   });
+
+  // A damaged catalogue: cells that hold no number show as damaged (and read as 0), in the line
+  // data, the stored line data and the report; never as the "nan" or "inf" they hold.
+  sqlite3* db = nullptr;
+  ASSERT_EQ(sqlite3_open((root_ / "datcom/DyssCal.Mdb").c_str(), &db), SQLITE_OK);
+  EXPECT_EQ(sqlite3_exec(db, "UPDATE 示例电缆 SET R = 'nan', X = '-inf' WHERE ￥截面 = '95'", nullptr, nullptr, nullptr), SQLITE_OK);
+  sqlite3_close(db);
+  Store({{"Cal\\DyssCal\\Page1\\Input1\\输入参数\\线路名称", "0"}});
+  Run([&](CDyssCalDlg& d) {
+    EXPECT_EQ(T(d, IDC_DYSS_F0_LINE_DATA), "电阻(Ω/km):无效  感抗(Ω/km):无效  电压(kV):0.38");
+    Press(d, "计算");
+    EXPECT_EQ(T(d, IDC_DYSS_RESULT), "0.000");
+    Press(d, "计算书");
+    ui::act::Ok(d);
+  });
+  EXPECT_EQ(Stored("Cal\\DyssCal\\Page1\\Input1\\输入参数\\说明"), "电阻(Ω/km):无效  感抗(Ω/km):无效  电压(kV):0.38");
+  const Texts report = ReportParagraphs(LastReport());
+  ASSERT_FALSE(report.empty());
+  for (const std::string& line : report) {
+    EXPECT_EQ(line.find("nan"), std::string::npos) << line;
+    EXPECT_EQ(line.find("inf"), std::string::npos) << line;
+  }
 }
 
 TEST_F(DyssDialogTest, CoefficientPickedFromTheTable) {

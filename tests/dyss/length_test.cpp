@@ -218,5 +218,25 @@ TEST_F(DyssLengthTest, HarmonicSettingsSurviveOkOnEitherPageAndLeavingThePage) {
   EXPECT_EQ(harmonic_keys(), (Texts{"1", "2", "200", "0.86", "111.628"}));  // I′ = 80·0.4·3/0.86
 }
 
+// A damaged file: texts the unsigned-number edits cannot hold are never shown (K is a result the
+// designer cannot retype) nor stored again; the keys' defaults stand in. A number is kept as it is.
+TEST_F(DyssLengthTest, DamagedHarmonicSettingsFallBackToTheirDefaults) {
+  const std::string h = "PmData\\PdXBDL\\";
+  Store({{h + "GeDing", "-inf"}, {h + "XiaoZheng", "nan"}, {h + "JieMian", "inf"}});
+  Run([&](CDyssCalDlg& d) {
+    ui::act::Tab(d, 1);
+    EXPECT_EQ((Texts{T(d, IDC_DYSS_RATED), T(d, IDC_DYSS_K), T(d, IDC_DYSS_I_PRIME)}), (Texts{"1.0", "0.86", "1.0"}));
+    ui::act::Ok(d);
+  });
+  EXPECT_EQ((Texts{Stored(h + "GeDing"), Stored(h + "XiaoZheng"), Stored(h + "JieMian")}), (Texts{"1.0", "0.86", "1.0"}));
+
+  Store({{h + "GeDing", "中文"}, {h + "XiaoZheng", "1e309"}, {h + "JieMian", "42.5"}});
+  Run([&](CDyssCalDlg& d) {
+    ui::act::Tab(d, 1);
+    EXPECT_EQ((Texts{T(d, IDC_DYSS_RATED), T(d, IDC_DYSS_K), T(d, IDC_DYSS_I_PRIME)}), (Texts{"1.0", "1e309", "42.5"}));
+    ui::act::Cancel(d);
+  });
+}
+
 }  // namespace
 }  // namespace kestra::dyss::testing

@@ -20,6 +20,7 @@
 #include "services/idp/idp_format.h"
 #include "services/idp/idp_node.h"
 #include "services/idp/idp_text.h"
+#include "services/tabledb/catalog_csv.h"
 #include "services/text/number_text.h"
 #include "tests/support/temp_folder.h"
 #include "ui/data_exchange.h"
@@ -167,6 +168,38 @@ TEST_F(Fuzz, RichText) {
     const std::string text = doc->PlainText();
     ASSERT_TRUE(kestra::idp::IsValidUtf8(text)) << rtf.substr(0, 200);
     ASSERT_EQ(text.find('\0'), std::string::npos) << rtf.substr(0, 200);
+  }
+}
+
+// Schedules as spreadsheets save them: records written field by field, with or without a BOM,
+// every line ended by LF, CRLF or a lone CR, split back into the same records; any edit of such a
+// text either splits or is refused with the file and the line named.
+TEST_F(Fuzz, CsvSchedules) {
+  const std::vector<std::string> pieces = {"a", "电机", "0.85", ",", "\"", "\r", "\n", "\r\n", " ", "\t", "'", "\"\"", "😀"};
+  const std::vector<std::string> ends = {"\n", "\r\n", "\r"};
+  for (long round = 0; round < Rounds(3000); ++round) {
+    std::vector<std::vector<std::string>> records(1 + Below(6));
+    for (auto& r : records) {
+      r.resize(1 + Below(5));
+      for (auto& f : r) f = Random(pieces, 4);
+    }
+    const std::string& end = Pick(ends);
+    std::string text = Below(2) ? "\xEF\xBB\xBF" : "";
+    for (const auto& r : records) {
+      for (std::size_t i = 0; i < r.size(); ++i) text += (i ? "," : "") + kestra::catalog::CsvField(r[i]);
+      text += end;
+    }
+    std::vector<kestra::catalog::CsvRecord> split;
+    std::string error;
+    ASSERT_TRUE(kestra::catalog::SplitCsvRecords(text, "s.csv", split, error)) << error;
+    ASSERT_EQ(split.size(), records.size()) << ::testing::PrintToString(text);
+    for (std::size_t k = 0; k < records.size(); ++k) EXPECT_EQ(split[k].fields, records[k]) << ::testing::PrintToString(text);
+
+    const std::string edited = Mutate(text, pieces);
+    error.clear();
+    if (!kestra::catalog::SplitCsvRecords(edited, "s.csv", split, error)) {
+      EXPECT_TRUE(error.starts_with("s.csv:")) << error;
+    }
   }
 }
 

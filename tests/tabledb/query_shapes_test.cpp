@@ -271,6 +271,14 @@ TEST(CellText, NumbersInTheirShortestText) {
   EXPECT_EQ(CCrack::strVARIANT(v), "1234567890123");
 }
 
+// Cells of number columns in a designer's damaged catalogue: a text without a number shows as
+// damaged; a number with something after it, an empty or blank cell and an overflowed one stay.
+TEST(CellText, NumberCellsWithoutANumberShowAsDamaged) {
+  for (const char* damaged : {"nan", "-inf", "Infinity", "abc", "1e309", "电阻", "."})
+    EXPECT_EQ(kestra::tabledb::NumberCellText(damaged), "无效") << damaged;
+  for (const char* kept : {"0.193", " 0.5 ", "0.38kV", "-0", "", " \u3000", "溢出", "1e-400"})
+    EXPECT_EQ(kestra::tabledb::NumberCellText(kept), kept) << kept;
+}
 
 // Whatever route a LIKE takes inside the service (index or scan), it finds exactly the rows
 // whose cell text matches: the list and line-data queries of a line form, and LIKE on a number
